@@ -1,0 +1,121 @@
+// Attribute dictionaries and attribute sets, and how sets treat the objects in them.
+#include "standin/appkit/attributes.hpp"
+
+#include <vector>
+
+#include "standin/foundation/collections.hpp"
+#include "standin/foundation/number.hpp"
+#include "standin/foundation/string.hpp"
+#include "standin/runtime/class_object.hpp"
+
+namespace standin::appkit {
+namespace {
+
+using foundation::isNumber;
+using foundation::isString;
+using text::Attribute;
+using text::AttributeObject;
+using text::AttributeSet;
+
+NSObject* objectOf(AttributeObject object) { return static_cast<NSObject*>(object); }
+NSString* stringOf(AttributeObject object) { return static_cast<NSString*>(object); }
+
+AttributeObject retainAttribute(AttributeObject object) { return retainObject(objectOf(object)); }
+void releaseAttribute(AttributeObject object) { releaseObject(objectOf(object)); }
+AttributeObject copyKey(AttributeObject key) { return NSObject::copyWithZone(objectOf(key), nullptr); }
+size_t hashAttribute(AttributeObject object) { return NSObject::hash(objectOf(object)); }
+
+bool keysEqual(AttributeObject left, AttributeObject right) {
+  if (isString(objectOf(left)) && isString(objectOf(right))) return foundation::equal(stringOf(left), stringOf(right));
+  return NSObject::isEqual(objectOf(left), objectOf(right)) != NO;
+}
+
+// Strings by their units, and before all other keys; those by their addresses.
+bool keyBefore(AttributeObject left, AttributeObject right) {
+  const bool leftIsString = isString(objectOf(left)), rightIsString = isString(objectOf(right));
+  if (!leftIsString || !rightIsString) return leftIsString || (!rightIsString && left < right);
+  const text::Text &first = foundation::textOf(stringOf(left)), &second = foundation::textOf(stringOf(right));
+  const uint32_t common = std::min(first.size(), second.size());
+  for (uint32_t index = 0; index < common; ++index) {
+    if (first[index] != second[index]) return first[index] < second[index];
+  }
+  return first.size() < second.size();
+}
+
+// An object whose copy is itself.
+bool cannotChange(NSObject* object) {
+  static const Message<NSObject*(void*)>& copyMessage = NSObject::copyWithZone;
+  if (!NSObject::respondsToSelector(object, copyMessage.selector())) return false;
+  const Owned<NSObject> copy = adopt(copyMessage(object, nullptr));
+  return copy == object;
+}
+
+// Equal, no matter when and by whom it is asked: objects that can change stay apart, and so do numbers whose types differ,
+// since the type is something that programs see.
+bool interchangeable(AttributeObject left, AttributeObject right) {
+  NSObject *first = objectOf(left), *second = objectOf(right);
+  if (!NSObject::isEqual(first, second)) return false;
+  if (isNumber(first) || isNumber(second)) {
+    return isNumber(first) && isNumber(second) &&
+           stateOf<foundation::Number>(first).kind == stateOf<foundation::Number>(second).kind;
+  }
+  return cannotChange(first) && cannotChange(second);
+}
+
+[[maybe_unused]] const bool installed = [] {
+  text::installAttributeFunctions(
+      {retainAttribute, releaseAttribute, copyKey, hashAttribute, keysEqual, keyBefore, interchangeable});
+  return true;
+}();
+
+// Kept for good, and not one of the objects that are counted as alive.
+NSDictionary* emptyDictionary() {
+  static foundation::Dictionary empty;
+  if (empty.isa == nullptr) {
+    empty.isa = findClass("__NSDictionaryI");
+    empty.references = -1;
+  }
+  return platformObject<NSDictionary>(empty);
+}
+
+}  // namespace
+
+AttributeSet attributeSetOf(NSDictionary* attributes) {
+  std::vector<Attribute> list;
+  foundation::forEachEntry(attributes, [&](NSObject* key, NSObject* value) { list.push_back({key, value}); });
+  return AttributeSet::of(list);
+}
+
+NSDictionary* dictionaryOf(text::AttributeHandle attributes) {
+  if (attributes == 0) return emptyDictionary();
+  const AttributeSet set(attributes);
+  if (AttributeObject made = set.companion()) return static_cast<NSDictionary*>(made);
+  std::vector<NSObject*> keys, values;
+  for (const Attribute& attribute : set.attributes()) {
+    keys.push_back(objectOf(attribute.key));
+    values.push_back(objectOf(attribute.value));
+  }
+  NSDictionary* dictionary = foundation::newDictionary(keys, values).detach();
+  set.setCompanion(dictionary);
+  return dictionary;
+}
+
+NSObject* attributeIn(text::AttributeHandle attributes, NSString* key) {
+  return key != nullptr ? objectOf(AttributeSet(attributes).find(key)) : nullptr;
+}
+
+bool equalValues(NSObject* left, NSObject* right) {
+  return left == right || (left != nullptr && right != nullptr && NSObject::isEqual(left, right) != NO);
+}
+
+// Both are in the order of their keys.
+bool equalAttributes(text::AttributeHandle left, text::AttributeHandle right) {
+  if (left == right) return true;
+  const AttributeSet first(left), second(right);
+  const auto own = first.attributes(), others = second.attributes();
+  return std::equal(own.begin(), own.end(), others.begin(), others.end(), [](const Attribute& a, const Attribute& b) {
+    return keysEqual(a.key, b.key) && equalValues(objectOf(a.value), objectOf(b.value));
+  });
+}
+
+}  // namespace standin::appkit

@@ -1,0 +1,97 @@
+// The texts of AppKit's keys, as the platform publishes them.
+#include "platform/appkit.h"
+#include "standin/foundation/string.hpp"
+
+using standin::foundation::constantString;
+
+extern "C" {
+NSString* const NSTextEffectAttributeName = constantString("NSTextEffect");
+NSString* const NSTextAlternativesAttributeName = constantString("NSTextAlternatives");
+NSString* const NSTextEffectLetterpressStyle = constantString("_NSTextEffectLetterpressStyle");
+NSString* const NSDefaultAttributesDocumentAttribute = constantString("DefaultAttributes");
+NSString* const NSFontAttributeName = constantString("NSFont");
+NSString* const NSParagraphStyleAttributeName = constantString("NSParagraphStyle");
+NSString* const NSForegroundColorAttributeName = constantString("NSColor");
+NSString* const NSUnderlineStyleAttributeName = constantString("NSUnderline");
+NSString* const NSSuperscriptAttributeName = constantString("NSSuperScript");
+NSString* const NSBackgroundColorAttributeName = constantString("NSBackgroundColor");
+NSString* const NSAttachmentAttributeName = constantString("NSAttachment");
+NSString* const NSLigatureAttributeName = constantString("NSLigature");
+NSString* const NSBaselineOffsetAttributeName = constantString("NSBaselineOffset");
+NSString* const NSKernAttributeName = constantString("NSKern");
+NSString* const NSLinkAttributeName = constantString("NSLink");
+NSString* const NSStrokeWidthAttributeName = constantString("NSStrokeWidth");
+NSString* const NSStrokeColorAttributeName = constantString("NSStrokeColor");
+NSString* const NSUnderlineColorAttributeName = constantString("NSUnderlineColor");
+NSString* const NSStrikethroughStyleAttributeName = constantString("NSStrikethrough");
+NSString* const NSStrikethroughColorAttributeName = constantString("NSStrikethroughColor");
+NSString* const NSShadowAttributeName = constantString("NSShadow");
+NSString* const NSObliquenessAttributeName = constantString("NSObliqueness");
+NSString* const NSExpansionAttributeName = constantString("NSExpansion");
+NSString* const NSCursorAttributeName = constantString("NSCursor");
+NSString* const NSToolTipAttributeName = constantString("NSToolTip");
+NSString* const NSCharacterShapeAttributeName = constantString("NSCharacterShape");
+NSString* const NSGlyphInfoAttributeName = constantString("NSGlyphInfo");
+NSString* const NSWritingDirectionAttributeName = constantString("NSWritingDirection");
+NSString* const NSMarkedClauseSegmentAttributeName = constantString("NSMarkedClauseSegment");
+NSString* const NSVerticalGlyphFormAttributeName = constantString("CTVerticalForms");
+NSString* const NSSpellingStateAttributeName = constantString("NSSpellingState");
+NSString* const NSPlainTextDocumentType = constantString("NSPlainText");
+NSString* const NSRTFTextDocumentType = constantString("NSRTF");
+NSString* const NSRTFDTextDocumentType = constantString("NSRTFD");
+NSString* const NSMacSimpleTextDocumentType = constantString("NSMacSimpleText");
+NSString* const NSHTMLTextDocumentType = constantString("NSHTML");
+NSString* const NSDocFormatTextDocumentType = constantString("NSDocFormat");
+NSString* const NSWordMLTextDocumentType = constantString("NSWordML");
+NSString* const NSWebArchiveTextDocumentType = constantString("NSWebArchive");
+NSString* const NSOfficeOpenXMLTextDocumentType = constantString("NSOfficeOpenXML");
+NSString* const NSOpenDocumentTextDocumentType = constantString("NSOpenDocument");
+NSString* const NSTextLayoutSectionOrientation = constantString("NSTextLayoutSectionOrientation");
+NSString* const NSTextLayoutSectionRange = constantString("NSTextLayoutSectionRange");
+NSString* const NSPaperSizeDocumentAttribute = constantString("PaperSize");
+NSString* const NSLeftMarginDocumentAttribute = constantString("LeftMargin");
+NSString* const NSRightMarginDocumentAttribute = constantString("RightMargin");
+NSString* const NSTopMarginDocumentAttribute = constantString("TopMargin");
+NSString* const NSBottomMarginDocumentAttribute = constantString("BottomMargin");
+NSString* const NSViewSizeDocumentAttribute = constantString("ViewSize");
+NSString* const NSViewZoomDocumentAttribute = constantString("ViewZoom");
+NSString* const NSViewModeDocumentAttribute = constantString("ViewMode");
+NSString* const NSDocumentTypeDocumentAttribute = constantString("DocumentType");
+NSString* const NSReadOnlyDocumentAttribute = constantString("ReadOnly");
+NSString* const NSConvertedDocumentAttribute = constantString("Converted");
+NSString* const NSCocoaVersionDocumentAttribute = constantString("CocoaRTFVersion");
+NSString* const NSBackgroundColorDocumentAttribute = constantString("BackgroundColor");
+NSString* const NSHyphenationFactorDocumentAttribute = constantString("HyphenationFactor");
+NSString* const NSDefaultTabIntervalDocumentAttribute = constantString("DefaultTabInterval");
+NSString* const NSCharacterEncodingDocumentAttribute = constantString("CharacterEncoding");
+NSString* const NSFileTypeDocumentAttribute = constantString("FileType");
+NSString* const NSTitleDocumentAttribute = constantString("NSTitleDocumentAttribute");
+NSString* const NSCompanyDocumentAttribute = constantString("NSCompanyDocumentAttribute");
+NSString* const NSCopyrightDocumentAttribute = constantString("NSCopyrightDocumentAttribute");
+NSString* const NSSubjectDocumentAttribute = constantString("NSSubjectDocumentAttribute");
+NSString* const NSAuthorDocumentAttribute = constantString("NSAuthorDocumentAttribute");
+NSString* const NSKeywordsDocumentAttribute = constantString("NSKeywordsDocumentAttribute");
+NSString* const NSCommentDocumentAttribute = constantString("NSCommentDocumentAttribute");
+NSString* const NSEditorDocumentAttribute = constantString("NSEditorDocumentAttribute");
+NSString* const NSCreationTimeDocumentAttribute = constantString("NSCreationTimeDocumentAttribute");
+NSString* const NSModificationTimeDocumentAttribute = constantString("NSModificationTimeDocumentAttribute");
+NSString* const NSManagerDocumentAttribute = constantString("NSManagerDocumentAttribute");
+NSString* const NSCategoryDocumentAttribute = constantString("NSCategoryDocumentAttribute");
+NSString* const NSTextLayoutSectionsAttribute = constantString("NSTextLayoutSectionsAttribute");
+NSString* const NSExcludedElementsDocumentAttribute = constantString("ExcludedElements");
+NSString* const NSTextEncodingNameDocumentAttribute = constantString("TextEncodingName");
+NSString* const NSPrefixSpacesDocumentAttribute = constantString("PrefixSpaces");
+NSString* const NSDocumentTypeDocumentOption = constantString("DocumentType");
+NSString* const NSDefaultAttributesDocumentOption = constantString("DefaultAttributes");
+NSString* const NSCharacterEncodingDocumentOption = constantString("CharacterEncoding");
+NSString* const NSTextEncodingNameDocumentOption = constantString("TextEncodingName");
+NSString* const NSBaseURLDocumentOption = constantString("BaseURL");
+NSString* const NSTimeoutDocumentOption = constantString("Timeout");
+NSString* const NSWebPreferencesDocumentOption = constantString("WebPreferences");
+NSString* const NSWebResourceLoadDelegateDocumentOption = constantString("WebResourceLoadDelegate");
+NSString* const NSTextSizeMultiplierDocumentOption = constantString("TextSizeMultiplier");
+NSString* const NSFileTypeDocumentOption = constantString("FileType");
+
+NSString* const NSPrintSaveJob = constantString("NSPrintSaveJob");
+NSString* const NSPrintJobSavingURL = constantString("NSJobSavingURL");
+}

@@ -1,0 +1,56 @@
+// Collects the text that the reader meets, run by run, and makes the styles of the document.
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "standin/formats/document.hpp"
+#include "standin/formats/rtf/code_pages.hpp"
+#include "standin/formats/rtf/state.hpp"
+
+namespace standin::formats::rtf {
+
+struct FontEntry {
+  std::string name;
+  int codePage = 0;  // 0: the document's
+};
+
+class Builder {
+ public:
+  // Bytes wait until the format changes, because a character can have several.
+  void addBytes(std::string_view bytes, const CharacterFormat& format, int codePage);
+  void addUnit(char16_t unit, const CharacterFormat& format);
+  // Ends the paragraph with the unit; the formatting in force holds for all of it.
+  void endParagraph(char16_t unit, const CharacterFormat& format, const text::Paragraph& paragraph);
+  void flush();
+
+  // Ends the last paragraph, which has no end of its own, and hands the document over.
+  Document finish(const text::Paragraph& last);
+
+  std::map<int, FontEntry> fonts;
+  std::vector<text::Color> colors;  // index 0 is the reader's default
+  std::vector<std::u16string> links;
+  Document document;
+
+ private:
+  struct PendingRun {
+    CharacterFormat format;
+    uint32_t length;
+  };
+
+  void addLength(size_t units, const CharacterFormat& format);
+  void closeRuns(const text::Paragraph& paragraph);
+  uint32_t styleFor(const CharacterFormat& format, const text::Paragraph& paragraph, uint32_t paragraphIndex);
+  text::Style makeStyle(const CharacterFormat& format, const text::Paragraph& paragraph) const;
+  std::optional<text::Color> color(int index) const;
+
+  Decoder decoder_;
+  std::string bytes_;
+  CharacterFormat bytesFormat_;
+  int bytesCodePage_ = 0;
+  std::vector<PendingRun> paragraphRuns_;
+  std::map<text::Paragraph, uint32_t> paragraphs_;
+  std::map<std::pair<uint32_t, CharacterFormat>, uint32_t> styleIndices_;
+};
+
+}  // namespace standin::formats::rtf

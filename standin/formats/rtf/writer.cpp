@@ -1,0 +1,207 @@
+// The document: header, tables, and each run as what changes from the run before it.
+#include "standin/formats/rtf/writer.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "standin/formats/rtf/characters.hpp"
+#include "standin/formats/rtf/tables.hpp"
+
+namespace standin::formats::rtf {
+namespace {
+
+// The control words of the platform's line styles; the low byte is the line, the bits above it the pattern.
+struct UnderlineWord {
+  int style;
+  const char* word;
+};
+constexpr UnderlineWord underlineWords[] = {
+    {0, "\\ulnone"},    {1, "\\ul"},           {2, "\\ulth"},          {9, "\\uldb"},
+    {0x101, "\\uld"},   {0x201, "\\uldash"},   {0x301, "\\uldashd"},   {0x401, "\\uldashdd"},
+    {0x102, "\\ulthd"}, {0x202, "\\ulthdash"}, {0x302, "\\ulthdashd"}, {0x402, "\\ulthdashdd"},
+    {0x8001, "\\ulw"},
+};
+
+const char* underlineWord(int style) {
+  const auto found = std::find_if(std::begin(underlineWords), std::end(underlineWords),
+                                  [&](const UnderlineWord& row) { return row.style == style; });
+  return found != std::end(underlineWords) ? found->word : "\\ul";
+}
+
+// Half points, within what readers take.
+long halfPoints(double size) { return std::isfinite(size) ? std::lrint(std::clamp(size, 1.0, 1638.0) * 2) : 24; }
+
+long twips(double points) { return std::isfinite(points) ? std::lrint(std::clamp(points, -1584.0, 1584.0) * 20) : 0; }
+
+// The positions just behind each paragraph's end, and the text's end.
+std::vector<uint32_t> paragraphEnds(const text::Text& text) {
+  std::vector<uint32_t> ends;
+  uint32_t position = 0;
+  text.visitChunks(0, text.size(), [&](auto units) {
+    for (const auto unit : units) {
+      ++position;
+      if (unit == u'\n') ends.push_back(position);
+    }
+  });
+  ends.push_back(position);
+  return ends;
+}
+
+class Writer {
+ public:
+  explicit Writer(const StyledRuns& styled) : styled_(styled), tables_(styled.runs), ends_(paragraphEnds(styled.text)) {}
+
+  std::string write() {
+    out_.reserve(styled_.text.size() + styled_.text.size() / 4 + 256);
+    out_ += "{\\rtf1\\ansi\\ansicpg1252\\uc1\n";
+    tables_.write(out_);
+    out_ += "\\pard\\fs24 ";
+    uint32_t from = 0;
+    for (const StyledRun& run : styled_.runs) {
+      writeRun(*run.style, from, from + run.length);
+      from += run.length;
+    }
+    out_ += "}";
+    return std::move(out_);
+  }
+
+ private:
+  // A run may hold many paragraphs, and a paragraph many runs: the paragraph is laid out by what its first run says.
+  void writeRun(const text::Style& style, uint32_t from, uint32_t end) {
+    while (from < end) {
+      if (startsParagraph_) writeParagraphFormat(style.paragraph);
+      writeChanges(style);
+      current_ = &style;
+      const uint32_t stop = std::min(end, ends_[paragraph_]);
+      writeStretch(style, from, stop);
+      startsParagraph_ = stop == ends_[paragraph_];
+      if (startsParagraph_ && paragraph_ + 1 < ends_.size()) ++paragraph_;
+      from = stop;
+    }
+  }
+
+  // A field may not reach over a paragraph's end: each paragraph's part of a link is a field of its own.
+  void writeStretch(const text::Style& style, uint32_t from, uint32_t stop) {
+    const uint32_t inside = styled_.text[stop - 1] == u'\n' ? stop - 1 : stop;
+    if (!style.link.empty() && inside > from) openField(style.link);
+    appendCharacters(out_, styled_.text, from, inside - from);
+    if (!style.link.empty() && inside > from) out_ += "}}";
+    appendCharacters(out_, styled_.text, inside, stop - inside);
+  }
+
+  void writeParagraphFormat(const text::Paragraph& paragraph) {
+    startsParagraph_ = false;
+    if (paragraph == currentParagraph_) return;
+    currentParagraph_ = paragraph;
+    out_ += "\\pard";
+    constexpr const char* alignments[] = {"\\ql", "\\qr", "\\qc", "\\qj", ""};
+    out_ += alignments[static_cast<size_t>(paragraph.alignment)];
+    if (paragraph.direction == text::WritingDirection::rightToLeft) out_ += "\\rtlpar";
+    if (paragraph.direction == text::WritingDirection::leftToRight) out_ += "\\ltrpar";
+    length("\\li", paragraph.headIndent);
+    length("\\fi", paragraph.firstLineIndent - paragraph.headIndent);
+    if (paragraph.tailIndent < 0) length("\\ri", -paragraph.tailIndent);
+    length("\\sb", paragraph.spacingBefore);
+    length("\\sa", paragraph.spacingAfter);
+    writeLineHeight(paragraph);
+    for (const text::TabStop& tab : paragraph.tabs.value_or(std::vector<text::TabStop>())) {
+      constexpr const char* kinds[] = {"", "\\tqr", "\\tqc", "\\tqdec"};
+      out_ += kinds[static_cast<size_t>(tab.kind)];
+      number("\\tx", twips(tab.position));
+    }
+    out_ += ' ';
+  }
+
+  // A multiple counts lines of 12 points; a height that may not grow is written as a negative one.
+  void writeLineHeight(const text::Paragraph& paragraph) {
+    if (paragraph.lineHeightMultiple > 0) {
+      number("\\sl", std::lrint(paragraph.lineHeightMultiple * 240));
+      out_ += "\\slmult1";
+    } else if (paragraph.maximumLineHeight > 0) {
+      number("\\sl", -twips(paragraph.maximumLineHeight));
+    } else {
+      length("\\sl", paragraph.minimumLineHeight);
+    }
+  }
+
+  void openField(const std::u16string& target) {
+    out_ += "{\\field{\\*\\fldinst{HYPERLINK \"";
+    std::u16string quoted;
+    for (const char16_t unit : target) unit == u'"' ? quoted += u"%22" : quoted += unit;
+    appendCharacters(out_, text::Text::utf16(quoted), 0, static_cast<uint32_t>(quoted.size()));
+    out_ += "\"}}{\\fldrslt ";
+  }
+
+  void writeChanges(const text::Style& style) {
+    if (current_ == &style) return;
+    const size_t before = out_.size();
+    const text::Style& old = current_ != nullptr ? *current_ : plain_;
+    writeFont(old, style);
+    writeColors(old, style);
+    writeLines(old, style);
+    writeSpacing(old, style);
+    if (out_.size() != before) out_ += ' ';
+  }
+
+  void writeFont(const text::Style& old, const text::Style& style) {
+    const text::Font &was = Tables::fontOf(old), &is = Tables::fontOf(style);
+    if (current_ == nullptr || is.family != was.family) number("\\f", static_cast<long>(tables_.fontIndex(is)));
+    if (halfPoints(is.size) != halfPoints(was.size)) number("\\fs", halfPoints(is.size));
+    onOff("\\b", was.bold(), is.bold());
+    onOff("\\i", was.italic(), is.italic());
+  }
+
+  void writeColors(const text::Style& old, const text::Style& style) {
+    if (style.foreground != old.foreground) number("\\cf", colorNumber(style.foreground));
+    if (style.background != old.background) {
+      number("\\cb", colorNumber(style.background));
+      number("\\chshdng0\\chcbpat", colorNumber(style.background));
+    }
+  }
+
+  void writeLines(const text::Style& old, const text::Style& style) {
+    if (style.underline != old.underline) out_ += underlineWord(style.underline);
+    if (style.underlineColor != old.underlineColor) number("\\ulc", colorNumber(style.underlineColor));
+    if (style.strikethrough != old.strikethrough) {
+      out_ += style.strikethrough == 9 ? "\\striked1" : style.strikethrough != 0 ? "\\strike" : "\\strike0\\striked0";
+    }
+  }
+
+  void writeSpacing(const text::Style& old, const text::Style& style) {
+    if (style.superscript != old.superscript) {
+      out_ += style.superscript > 0 ? "\\super" : style.superscript < 0 ? "\\sub" : "\\nosupersub";
+    }
+    if (style.baselineOffset != old.baselineOffset) {
+      number(style.baselineOffset < 0 ? "\\dn" : "\\up", std::abs(twips(style.baselineOffset)) / 10);
+    }
+    if (style.kern != old.kern) number("\\expndtw", twips(style.kern));
+    if (style.expansion != old.expansion) number("\\charscalex", std::lrint(100 + style.expansion * 100));
+  }
+
+  long colorNumber(const std::optional<text::Color>& color) const {
+    return color ? static_cast<long>(tables_.colorIndex(*color)) : 0;
+  }
+  void number(const char* word, long value) { (out_ += word) += std::to_string(value); }
+  void length(const char* word, double points) {
+    if (twips(points) != 0) number(word, twips(points));
+  }
+  void onOff(const char* word, bool was, bool is) {
+    if (was != is) (out_ += word) += is ? "" : "0";
+  }
+
+  const StyledRuns& styled_;
+  const Tables tables_;
+  const std::vector<uint32_t> ends_;
+  size_t paragraph_ = 0;
+  bool startsParagraph_ = true;
+  const text::Style plain_;
+  text::Paragraph currentParagraph_;
+  const text::Style* current_ = nullptr;
+  std::string out_;
+};
+
+}  // namespace
+
+std::string write(const StyledRuns& styled) { return Writer(styled).write(); }
+
+}  // namespace standin::formats::rtf

@@ -1,0 +1,308 @@
+// The hot loops, eight or sixteen bytes a step where text is ASCII.
+#include "standin/foundation/transcoding.hpp"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace standin::foundation {
+namespace {
+
+static_assert(std::endian::native == std::endian::little);
+
+using Bytes8 = uint8_t __attribute__((vector_size(8)));
+using Bytes16 = uint8_t __attribute__((vector_size(16)));
+using Units8 = uint16_t __attribute__((vector_size(16)));
+
+constexpr uint64_t highBits = 0x8080808080808080;
+
+template <class Word>
+Word load(const void* from) {
+  Word word;
+  std::memcpy(&word, from, sizeof word);
+  return word;
+}
+
+template <class Word>
+void store(uint8_t*& out, Word word) {
+  std::memcpy(out, &word, sizeof word);
+  out += sizeof word;
+}
+
+bool isContinuation(uint8_t byte) { return (byte & 0xC0) == 0x80; }
+
+size_t sumOf(Bytes16 lanes) {
+  size_t sum = 0;
+  for (int lane = 0; lane < 16; ++lane) sum += lanes[lane];
+  return sum;
+}
+
+bool isZero(Bytes16 lanes) {
+  uint64_t halves[2];
+  std::memcpy(halves, &lanes, sizeof halves);
+  return (halves[0] | halves[1]) == 0;
+}
+
+void copySixteen(const uint8_t* in, uint8_t* out) { std::memcpy(out, in, 16); }
+
+// Widens to units by putting a zero byte behind each.
+void copySixteen(const uint8_t* in, char16_t* out) {
+  const Bytes16 bytes = load<Bytes16>(in), zero = {};
+  const Bytes16 halves[2] = {
+      __builtin_shufflevector(bytes, zero, 0, 16, 1, 16, 2, 16, 3, 16, 4, 16, 5, 16, 6, 16, 7, 16),
+      __builtin_shufflevector(bytes, zero, 8, 16, 9, 16, 10, 16, 11, 16, 12, 16, 13, 16, 14, 16, 15, 16)};
+  std::memcpy(out, halves, sizeof halves);
+}
+
+// How many of the sixteen bytes come before the first that is not ASCII.
+int asciiOfSixteen(const uint8_t* in) {
+  const uint64_t first = load<uint64_t>(in) & highBits, second = load<uint64_t>(in + 8) & highBits;
+  return first != 0 ? std::countr_zero(first) / 8 : second != 0 ? 8 + std::countr_zero(second) / 8 : 16;
+}
+
+// Copies the ASCII bytes at the start of both ranges as units. As long as sixteen units fit, sixteen are written and those
+// that count are kept: that is cheaper than to ask how many there are.
+template <class Unit>
+void copyAscii(const uint8_t*& in, const uint8_t* end, Unit*& out, Unit* outEnd) {
+  while (end - in >= 16 && outEnd - out >= 16) {
+    copySixteen(in, out);
+    const int ascii = asciiOfSixteen(in);
+    in += ascii;
+    out += ascii;
+    if (ascii != 16) return;
+  }
+  while (in != end && *in < 0x80 && out != outEnd) *out++ = *in++;
+}
+
+// Reads one sequence of two to four bytes; 0 when it is not well-formed.
+char32_t readSequence(const uint8_t*& in, const uint8_t* end) {
+  const uint8_t lead = *in;
+  const ptrdiff_t left = end - in;
+  if (lead < 0xE0) {
+    if (lead < 0xC2 || left < 2 || !isContinuation(in[1])) return 0;
+    const char32_t point = static_cast<char32_t>((lead & 0x1F) << 6 | (in[1] & 0x3F));
+    in += 2;
+    return point;
+  }
+  if (lead < 0xF0) {
+    if (left < 3 || !isContinuation(in[1]) || !isContinuation(in[2])) return 0;
+    const char32_t point = static_cast<char32_t>((lead & 0x0F) << 12 | (in[1] & 0x3F) << 6 | (in[2] & 0x3F));
+    in += 3;
+    return point < 0x800 || isSurrogate(point) ? 0 : point;
+  }
+  if (lead > 0xF4 || left < 4 || !isContinuation(in[1]) || !isContinuation(in[2]) || !isContinuation(in[3])) return 0;
+  const char32_t point =
+      static_cast<char32_t>((lead & 0x07) << 18 | (in[1] & 0x3F) << 12 | (in[2] & 0x3F) << 6 | (in[3] & 0x3F));
+  in += 4;
+  return point < 0x10000 || point > 0x10FFFF ? 0 : point;
+}
+
+// The code point at `in`, or a surrogate when it is a lone one. Does not move.
+char32_t pointAt(const char16_t* in, const char16_t* end) {
+  if (isHighSurrogate(*in) && end - in >= 2 && isLowSurrogate(in[1])) return joinSurrogates(in[0], in[1]);
+  return *in;
+}
+
+void writeUtf8(char32_t point, uint8_t*& out) {
+  const auto tail = [point](int shift) { return static_cast<uint8_t>(0x80 | (point >> shift & 0x3F)); };
+  if (point < 0x80) {
+    *out++ = static_cast<uint8_t>(point);
+  } else if (point < 0x800) {
+    out[0] = static_cast<uint8_t>(0xC0 | point >> 6);
+    out[1] = tail(0);
+    out += 2;
+  } else if (point < 0x10000) {
+    out[0] = static_cast<uint8_t>(0xE0 | point >> 12);
+    out[1] = tail(6);
+    out[2] = tail(0);
+    out += 3;
+  } else {
+    out[0] = static_cast<uint8_t>(0xF0 | point >> 18);
+    out[1] = tail(12);
+    out[2] = tail(6);
+    out[3] = tail(0);
+    out += 4;
+  }
+}
+
+// How many of the eight units come before the first that is not below the limit, a power of two.
+template <unsigned limit>
+int eightBelow(const char16_t* in) {
+  constexpr uint64_t mask = uint64_t{0x0001000100010001} * (0x10000 - limit);
+  const uint64_t first = load<uint64_t>(in) & mask, second = load<uint64_t>(in + 4) & mask;
+  return first != 0 ? std::countr_zero(first) / 16 : second != 0 ? 4 + std::countr_zero(second) / 16 : 8;
+}
+
+void narrowEight(const char16_t* in, uint8_t* out) {
+  const Bytes8 bytes = __builtin_convertvector(load<Units8>(in), Bytes8);
+  std::memcpy(out, &bytes, sizeof bytes);
+}
+
+template <bool swapped>
+uint16_t ordered(uint16_t unit) {
+  return swapped ? __builtin_bswap16(unit) : unit;
+}
+template <bool swapped>
+uint32_t ordered(uint32_t unit) {
+  return swapped ? __builtin_bswap32(unit) : unit;
+}
+
+}  // namespace
+
+size_t asciiPrefix(const uint8_t* bytes, size_t count) {
+  size_t at = 0;
+  for (; count - at >= 64; at += 64) {
+    const Bytes16 any = load<Bytes16>(bytes + at) | load<Bytes16>(bytes + at + 16) | load<Bytes16>(bytes + at + 32) |
+                        load<Bytes16>(bytes + at + 48);
+    if (!isZero(any & 0x80)) break;
+  }
+  while (at != count && bytes[at] < 0x80) ++at;
+  return at;
+}
+
+bool isLatin1(const char16_t* units, size_t count) {
+  const char16_t* const end = units + count;
+  for (; end - units >= 16; units += 16) {
+    const Units8 any = (load<Units8>(units) | load<Units8>(units + 8)) & 0xFF00;
+    if (!isZero(static_cast<Bytes16>(any))) return false;
+  }
+  return std::all_of(units, end, [](char16_t unit) { return unit < 0x100; });
+}
+
+Utf8Shape shapeOfUtf8(const uint8_t* bytes, size_t count) {
+  size_t continuations = 0, fourByteLeads = 0, at = 0;
+  Bytes16 aboveLatin1 = {};
+  while (count - at >= 16) {
+    // A lane counts to 255 before it must be emptied.
+    const size_t steps = std::min<size_t>((count - at) / 16, 255);
+    Bytes16 tails = {}, fours = {};
+    for (size_t step = 0; step < steps; ++step, at += 16) {
+      const Bytes16 lanes = load<Bytes16>(bytes + at);
+      tails -= static_cast<Bytes16>((lanes & 0xC0) == 0x80);
+      fours -= static_cast<Bytes16>(lanes >= 0xF0);
+      aboveLatin1 |= static_cast<Bytes16>(lanes > 0xC3);
+    }
+    continuations += sumOf(tails);
+    fourByteLeads += sumOf(fours);
+  }
+  bool isLatin1 = sumOf(aboveLatin1) == 0;
+  for (; at != count; ++at) {
+    continuations += isContinuation(bytes[at]);
+    fourByteLeads += bytes[at] >= 0xF0;
+    isLatin1 = isLatin1 && bytes[at] <= 0xC3;
+  }
+  return {count - continuations + fourByteLeads, isLatin1};
+}
+
+bool decodeUtf8(const uint8_t* bytes, size_t count, char16_t* out, size_t units) {
+  const uint8_t* const end = bytes + count;
+  char16_t* const outEnd = out + units;
+  while (bytes != end) {
+    copyAscii(bytes, end, out, outEnd);
+    while (bytes != end && *bytes >= 0x80) {
+      const char32_t point = readSequence(bytes, end);
+      if (point == 0 || outEnd - out < (point < 0x10000 ? 1 : 2)) return false;
+      if (point < 0x10000) {
+        *out++ = static_cast<char16_t>(point);
+      } else {
+        *out++ = static_cast<char16_t>(0xD7C0 + (point >> 10));
+        *out++ = static_cast<char16_t>(0xDC00 | (point & 0x3FF));
+      }
+    }
+    if (bytes != end && out == outEnd) return false;
+  }
+  return out == outEnd;
+}
+
+bool decodeUtf8(const uint8_t* bytes, size_t count, uint8_t* out, size_t units) {
+  const uint8_t* const end = bytes + count;
+  uint8_t* const outEnd = out + units;
+  while (bytes != end) {
+    copyAscii(bytes, end, out, outEnd);
+    while (bytes != end && *bytes >= 0x80) {
+      if (*bytes < 0xC2 || *bytes > 0xC3 || end - bytes < 2 || !isContinuation(bytes[1]) || out == outEnd) return false;
+      *out++ = static_cast<uint8_t>((bytes[0] & 0x03) << 6 | (bytes[1] & 0x3F));
+      bytes += 2;
+    }
+    if (bytes != end && out == outEnd) return false;
+  }
+  return out == outEnd;
+}
+
+void Utf8Encoder::encode(const uint8_t*& in, const uint8_t* end, uint8_t*& out) {
+  while (in != end) {
+    const size_t ascii = asciiPrefix(in, static_cast<size_t>(end - in));
+    if (ascii != 0) std::memcpy(out, in, ascii);
+    in += ascii;
+    out += ascii;
+    for (; in != end && *in >= 0x80; ++in) writeUtf8(*in, out);
+  }
+}
+
+void Utf8Encoder::encode(const char16_t*& in, const char16_t* end, uint8_t*& out) {
+  while (in != end) {
+    if (end - in >= 8) {
+      // The room is three bytes a unit, so that eight may be written where fewer count.
+      narrowEight(in, out);
+      const int ascii = eightBelow<0x80>(in);
+      in += ascii;
+      out += ascii;
+      if (ascii == 8) continue;
+    }
+    do {
+      const char32_t point = pointAt(in, end);
+      if (isSurrogate(point)) return;
+      writeUtf8(point, out);
+      in += point < 0x10000 ? 1 : 2;
+    } while (in != end && *in >= 0x80);
+  }
+}
+
+template <unsigned limit>
+void SingleByteEncoder<limit>::encode(const uint8_t*& in, const uint8_t* end, uint8_t*& out) {
+  const size_t available = static_cast<size_t>(end - in);
+  const size_t fitting = limit > 0xFF ? available : asciiPrefix(in, available);
+  if (fitting != 0) std::memcpy(out, in, fitting);
+  in += fitting;
+  out += fitting;
+}
+
+template <unsigned limit>
+void SingleByteEncoder<limit>::encode(const char16_t*& in, const char16_t* end, uint8_t*& out) {
+  for (; end - in >= 8 && eightBelow<limit>(in) == 8; in += 8, out += 8) narrowEight(in, out);
+  while (in != end && *in < limit) *out++ = static_cast<uint8_t>(*in++);
+}
+
+template <bool swapped>
+void Utf16Encoder<swapped>::encode(const uint8_t*& in, const uint8_t* end, uint8_t*& out) {
+  while (in != end) store(out, ordered<swapped>(uint16_t{*in++}));
+}
+
+template <bool swapped>
+void Utf16Encoder<swapped>::encode(const char16_t*& in, const char16_t* end, uint8_t*& out) {
+  while (in != end) store(out, ordered<swapped>(static_cast<uint16_t>(*in++)));
+}
+
+template <bool swapped>
+void Utf32Encoder<swapped>::encode(const uint8_t*& in, const uint8_t* end, uint8_t*& out) {
+  while (in != end) store(out, ordered<swapped>(uint32_t{*in++}));
+}
+
+template <bool swapped>
+void Utf32Encoder<swapped>::encode(const char16_t*& in, const char16_t* end, uint8_t*& out) {
+  while (in != end) {
+    const char32_t point = pointAt(in, end);
+    if (isSurrogate(point)) return;
+    store(out, ordered<swapped>(static_cast<uint32_t>(point)));
+    in += point < 0x10000 ? 1 : 2;
+  }
+}
+
+template struct SingleByteEncoder<0x80>;
+template struct SingleByteEncoder<0x100>;
+template struct Utf16Encoder<false>;
+template struct Utf16Encoder<true>;
+template struct Utf32Encoder<false>;
+template struct Utf32Encoder<true>;
+
+}  // namespace standin::foundation

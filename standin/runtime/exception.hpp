@@ -1,0 +1,17 @@
+// Platform exceptions as the stand-in throws them.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/foundation.h"
+
+namespace standin {
+
+// Throws an NSException with the name and the reason (UTF-8) and no user information.
+[[noreturn]] void raise(NSString* name, std::string_view reason);
+
+// "-[NSClass selector:]" (or "+[…]" for a class object), the way reasons begin.
+std::string describeMethod(NSObject* receiver, const char* selector);
+
+}  // namespace standin

@@ -1,0 +1,226 @@
+// The table of attribute sets: one entry a set, found again by the hash of its attributes.
+#include "standin/text/attribute_set.hpp"
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+#include <vector>
+
+namespace standin::text {
+namespace {
+
+AttributeFunctions functions;
+
+struct Entry {
+  uint32_t references = 0;
+  uint32_t generation = 0;  // how many sets the entry has held before: what a remembered handle is checked by
+  size_t hash = 0;
+  std::vector<Attribute> attributes;  // retained, in the order of their keys
+  AttributeObject companion = nullptr;
+};
+
+// What adding or removing an attribute led to. It holds no references: `result` is taken only while it is the set that it
+// was, and a living set keeps its own key and value from being freed and their addresses from being used again.
+struct Remembered {
+  AttributeHandle source = 0, result = 0;
+  uint32_t sourceGeneration = 0, resultGeneration = 0;
+  AttributeObject key = nullptr, value = nullptr;
+};
+
+struct Table {
+  std::vector<Entry> entries{Entry{1, 0, 0, {}, nullptr}};  // entry 0 is the empty set, which is never freed
+  std::vector<AttributeHandle> vacant;
+  std::unordered_multimap<size_t, AttributeHandle> byHash;
+  std::array<Remembered, 1024> remembered;
+};
+
+// Never taken down, since objects that live to the end of the process may hold sets.
+Table& table() {
+  static Table* const sets = new Table;
+  return *sets;
+}
+
+size_t mix(size_t hash) {
+  hash *= 0x9E3779B97F4A7C15;
+  return hash ^ (hash >> 29);
+}
+
+size_t hashOf(std::span<const Attribute> attributes) {
+  size_t hash = attributes.size();
+  for (const Attribute& attribute : attributes) {
+    hash = mix(hash + functions.hash(attribute.key)) + functions.hash(attribute.value);
+  }
+  return mix(hash);
+}
+
+bool sameKey(AttributeObject left, AttributeObject right) { return left == right || functions.keysEqual(left, right); }
+
+bool matches(const Entry& entry, std::span<const Attribute> attributes) {
+  return std::equal(entry.attributes.begin(), entry.attributes.end(), attributes.begin(), attributes.end(),
+                    [](const Attribute& own, const Attribute& other) {
+                      return sameKey(own.key, other.key) &&
+                             (own.value == other.value || functions.interchangeable(own.value, other.value));
+                    });
+}
+
+AttributeHandle vacantEntry(Table& sets) {
+  if (sets.vacant.empty()) {
+    sets.entries.emplace_back();
+    return static_cast<AttributeHandle>(sets.entries.size() - 1);
+  }
+  const AttributeHandle handle = sets.vacant.back();
+  sets.vacant.pop_back();
+  return handle;
+}
+
+// The set of these attributes, which are in order and of which no two keys are equal.
+AttributeSet intern(std::span<const Attribute> ordered) {
+  if (ordered.empty()) return {};
+  Table& sets = table();
+  const size_t hash = hashOf(ordered);
+  const auto [first, last] = sets.byHash.equal_range(hash);
+  for (auto candidate = first; candidate != last; ++candidate) {
+    if (matches(sets.entries[candidate->second], ordered)) return AttributeSet(candidate->second);
+  }
+  std::vector<Attribute> held;
+  held.reserve(ordered.size());
+  for (const Attribute& attribute : ordered) {
+    held.push_back({functions.copyKey(attribute.key), functions.retain(attribute.value)});
+  }
+  const AttributeHandle handle = vacantEntry(sets);
+  Entry& entry = sets.entries[handle];
+  entry.hash = hash;
+  entry.attributes = std::move(held);
+  sets.byHash.emplace(hash, handle);
+  return AttributeSet(handle);
+}
+
+// Takes the entry out of the table before any object is released, since that may come back here.
+void freeEntry(AttributeHandle handle) {
+  Table& sets = table();
+  Entry& entry = sets.entries[handle];
+  auto [found, last] = sets.byHash.equal_range(entry.hash);
+  while (found != last && found->second != handle) ++found;
+  if (found != last) sets.byHash.erase(found);
+  const std::vector<Attribute> attributes = std::move(entry.attributes);
+  const AttributeObject companion = std::exchange(entry.companion, nullptr);
+  entry.attributes.clear();
+  ++entry.generation;
+  sets.vacant.push_back(handle);
+  if (companion != nullptr) functions.release(companion);
+  for (const Attribute& attribute : attributes) {
+    functions.release(attribute.key);
+    functions.release(attribute.value);
+  }
+}
+
+const Attribute* findIn(std::span<const Attribute> attributes, AttributeObject key) {
+  for (const Attribute& attribute : attributes) {
+    if (attribute.key == key) return &attribute;
+  }
+  for (const Attribute& attribute : attributes) {
+    if (functions.keysEqual(attribute.key, key)) return &attribute;
+  }
+  return nullptr;
+}
+
+// In place of the attribute of an equal key, or where the order of keys asks for it.
+void put(std::vector<Attribute>& attributes, Attribute added) {
+  auto place = attributes.begin();
+  while (place != attributes.end() && !sameKey(place->key, added.key) && functions.keyBefore(place->key, added.key)) ++place;
+  if (place != attributes.end() && sameKey(place->key, added.key)) {
+    place->value = added.value;
+  } else {
+    attributes.insert(place, added);
+  }
+}
+
+Remembered& slotFor(AttributeHandle source, AttributeObject key, AttributeObject value) {
+  const size_t hash = mix(mix(reinterpret_cast<size_t>(key) + source) + reinterpret_cast<size_t>(value));
+  std::array<Remembered, 1024>& remembered = table().remembered;
+  return remembered[hash % remembered.size()];
+}
+
+// Removals are remembered with a nil value.
+const Remembered* recall(AttributeHandle source, AttributeObject key, AttributeObject value) {
+  const std::vector<Entry>& entries = table().entries;
+  const Remembered& slot = slotFor(source, key, value);
+  const bool holds = slot.key == key && slot.value == value && slot.source == source &&
+                     slot.sourceGeneration == entries[source].generation &&
+                     slot.resultGeneration == entries[slot.result].generation;
+  return holds && key != nullptr ? &slot : nullptr;
+}
+
+void remember(AttributeHandle source, AttributeObject key, AttributeObject value, AttributeHandle result) {
+  // The set that the remembered key and value belong to; only if they are its very own objects are they kept alive by it.
+  const std::vector<Entry>& entries = table().entries;
+  const Attribute* own = findIn(entries[value != nullptr ? result : source].attributes, key);
+  if (own == nullptr || own->key != key || (value != nullptr && own->value != value)) return;
+  slotFor(source, key, value) = {source, result, entries[source].generation, entries[result].generation, key, value};
+}
+
+std::vector<Attribute> listOf(std::span<const Attribute> attributes) { return {attributes.begin(), attributes.end()}; }
+
+}  // namespace
+
+void installAttributeFunctions(const AttributeFunctions& installed) { functions = installed; }
+
+void AttributeSet::retain(AttributeHandle handle) {
+  if (handle != 0) ++table().entries[handle].references;
+}
+
+void AttributeSet::release(AttributeHandle handle) {
+  if (handle != 0 && --table().entries[handle].references == 0) freeEntry(handle);
+}
+
+size_t AttributeSet::living() { return table().byHash.size(); }
+
+AttributeSet AttributeSet::of(std::span<const Attribute> attributes) {
+  std::vector<Attribute> ordered;
+  ordered.reserve(attributes.size());
+  for (const Attribute& attribute : attributes) put(ordered, attribute);
+  return intern(ordered);
+}
+
+std::span<const Attribute> AttributeSet::attributes() const { return table().entries[handle_].attributes; }
+
+AttributeObject AttributeSet::find(AttributeObject key) const {
+  const Attribute* found = findIn(attributes(), key);
+  return found != nullptr ? found->value : nullptr;
+}
+
+AttributeSet AttributeSet::with(AttributeObject key, AttributeObject value) const {
+  if (const Remembered* known = recall(handle_, key, value)) return AttributeSet(known->result);
+  std::vector<Attribute> edited = listOf(attributes());
+  put(edited, {key, value});
+  AttributeSet result = intern(edited);
+  remember(handle_, key, value, result.handle_);
+  return result;
+}
+
+AttributeSet AttributeSet::without(AttributeObject key) const {
+  if (const Remembered* known = recall(handle_, key, nullptr)) return AttributeSet(known->result);
+  std::vector<Attribute> edited = listOf(attributes());
+  std::erase_if(edited, [&](const Attribute& attribute) { return sameKey(attribute.key, key); });
+  if (edited.size() == attributes().size()) return *this;
+  AttributeSet result = intern(edited);
+  remember(handle_, key, nullptr, result.handle_);
+  return result;
+}
+
+AttributeSet AttributeSet::with(const AttributeSet& additions) const {
+  if (empty() || *this == additions) return additions;
+  std::vector<Attribute> edited = listOf(attributes());
+  for (const Attribute& attribute : additions.attributes()) put(edited, attribute);
+  return intern(edited);
+}
+
+AttributeObject AttributeSet::companion() const { return table().entries[handle_].companion; }
+
+void AttributeSet::setCompanion(AttributeObject object) const {
+  AttributeObject& held = table().entries[handle_].companion;
+  const AttributeObject former = std::exchange(held, object);
+  if (former != nullptr) functions.release(former);
+}
+
+}  // namespace standin::text

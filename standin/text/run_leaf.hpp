@@ -1,0 +1,117 @@
+// The leaf of a tree of runs: two arrays, lengths and attribute handles, with room for as many runs as it was made for.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "standin/text/attribute_set.hpp"
+#include "standin/text/summed_tree.hpp"
+
+namespace standin::text {
+
+struct RunSum {
+  uint32_t units;
+
+  RunSum& operator+=(const RunSum& other) { return units += other.units, *this; }
+  RunSum& operator-=(const RunSum& other) { return units -= other.units, *this; }
+  bool operator==(const RunSum&) const = default;
+};
+
+// A borrowed stretch of runs.
+struct RunSpan {
+  const uint32_t* lengths = nullptr;
+  const AttributeHandle* handles = nullptr;
+  uint32_t count = 0;
+};
+
+// The arrays follow the head in memory. The leaf holds one reference to the set of each run.
+template <uint32_t leafCapacity>
+class RunLeaf : public TreeNode {
+ public:
+  using Sum = RunSum;
+  using Content = RunSpan;
+  static constexpr uint32_t capacity = leafCapacity;
+
+  static uint32_t countOf(const RunSpan& runs) { return runs.count; }
+  static RunSpan slice(const RunSpan& runs, uint32_t from, uint32_t count) {
+    return {runs.lengths + from, runs.handles + from, count};
+  }
+  static RunSum sumOf(const RunSpan& runs) {
+    RunSum sum{0};
+    for (uint32_t index = 0; index < runs.count; ++index) sum.units += runs.lengths[index];
+    return sum;
+  }
+
+  static RunLeaf* make(uint32_t room) {
+    void* memory = std::malloc(sizeof(RunLeaf) + room * bytesPerRun);
+    if (memory == nullptr) throw std::bad_alloc();
+    return new (memory) RunLeaf(room);
+  }
+  static void destroy(RunLeaf* leaf) {
+    for (uint32_t index = 0; index < leaf->count_; ++index) AttributeSet::release(leaf->handles()[index]);
+    std::free(leaf);
+  }
+
+  uint32_t count() const { return count_; }
+  const uint32_t* lengths() const { return reinterpret_cast<const uint32_t*>(this + 1); }
+  const AttributeHandle* handles() const { return lengths() + room_; }
+  RunSpan content() const { return {lengths(), handles(), count_}; }
+  bool hasRoom(uint32_t runs) const { return runs <= room_; }
+  size_t bytesHeld() const { return sizeof(RunLeaf) + room_ * bytesPerRun; }
+
+  // The run that holds the unit, and the units before that run. A unit beyond the end is in the last run.
+  struct Found {
+    uint32_t index, before;
+  };
+  Found find(uint32_t unit) const {
+    uint32_t index = 0, before = 0;
+    while (index + 1 < count_ && unit - before >= lengths()[index]) before += lengths()[index++];
+    return {index, before};
+  }
+
+  // `from` and `from + removed` must lie between runs.
+  Extent extent(uint32_t from, uint32_t removed) const {
+    Extent extent{0, 0};
+    while (from > 0) from -= lengths()[extent.first++];
+    while (removed > 0) removed -= lengths()[extent.first + extent.count++];
+    return extent;
+  }
+
+  void append(const RunSpan& runs) {
+    RunSum ignored{0};
+    replace({count_, 0}, runs, ignored);
+  }
+
+  // Sets are released last: that may free objects, which may hold styled text of their own.
+  void replace(Extent extent, const RunSpan& runs, RunSum& sum) {
+    std::array<AttributeHandle, capacity> dropped;
+    std::copy_n(handles() + extent.first, extent.count, dropped.data());
+    sum -= sumOf(slice(content(), extent.first, extent.count));
+    sum += sumOf(runs);
+    for (uint32_t index = 0; index < runs.count; ++index) AttributeSet::retain(runs.handles[index]);
+    put(writableLengths(), extent, runs.lengths, runs.count);
+    put(writableLengths() + room_, extent, runs.handles, runs.count);
+    count_ = count_ - extent.count + runs.count;
+    for (uint32_t index = 0; index < extent.count; ++index) AttributeSet::release(dropped[index]);
+  }
+
+ private:
+  static constexpr size_t bytesPerRun = sizeof(uint32_t) + sizeof(AttributeHandle);
+
+  explicit RunLeaf(uint32_t room) : room_(room) {}
+  uint32_t* writableLengths() { return reinterpret_cast<uint32_t*>(this + 1); }
+
+  void put(uint32_t* array, Extent extent, const uint32_t* values, uint32_t count) const {
+    const uint32_t end = extent.first + extent.count;
+    if (extent.count != count) std::memmove(array + extent.first + count, array + end, (count_ - end) * sizeof *array);
+    std::copy_n(values, count, array + extent.first);
+  }
+
+  uint32_t count_ = 0;
+  uint32_t room_;
+};
+
+}  // namespace standin::text

@@ -1,0 +1,56 @@
+// Styled text.
+#include "standin/text/styled_text.hpp"
+
+#include <stdexcept>
+
+namespace standin::text {
+
+StyledText StyledText::slice(uint32_t from, uint32_t count) const {
+  StyledText part;
+  part.text_ = text_.slice(from, count);
+  part.runs_ = runs_.slice(from, count);
+  return part;
+}
+
+// The text first: it is what refuses a length that is too large.
+void StyledText::splice(uint32_t from, uint32_t removed, const StyledText& inserted) {
+  const StyledText held = inserted;  // which may be this one
+  text_.splice(from, removed, held.text_);
+  runs_.splice(from, removed, held.runs_);
+}
+
+void StyledText::splice(uint32_t from, uint32_t removed, const Text& inserted, const AttributeSet& attributes) {
+  const uint32_t length = inserted.size();
+  text_.splice(from, removed, inserted);
+  runs_.splice(from, removed, length, attributes);
+}
+
+AttributeSet StyledText::inheritedAttributes(uint32_t from, uint32_t removed) const {
+  if (length() == 0) return {};
+  const uint32_t position = removed > 0 || from == 0 ? from : from - 1;
+  return AttributeSet(find(position).attributes);
+}
+
+void StyledText::setAttributes(uint32_t from, uint32_t count, const AttributeSet& attributes) {
+  if (count > 0) runs_.splice(from, count, count, attributes);
+}
+
+void StyledText::addAttribute(uint32_t from, uint32_t count, AttributeObject key, AttributeObject value) {
+  restyle(from, count, [&](const AttributeSet& own) { return own.with(key, value); });
+}
+
+void StyledText::addAttributes(uint32_t from, uint32_t count, const AttributeSet& additions) {
+  restyle(from, count, [&](const AttributeSet& own) { return own.with(additions); });
+}
+
+void StyledText::removeAttribute(uint32_t from, uint32_t count, AttributeObject key) {
+  restyle(from, count, [&](const AttributeSet& own) { return own.without(key); });
+}
+
+void StyledText::checkInvariants() const {
+  text_.checkInvariants();
+  runs_.checkInvariants();
+  if (runs_.length() != text_.size()) throw std::logic_error("runs and text of unequal length");
+}
+
+}  // namespace standin::text
