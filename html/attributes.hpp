@@ -1,0 +1,27 @@
+// The attributes that the reader's state gives to a text run.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <tuple>
+
+#include "html/state.hpp"
+
+namespace html {
+
+void resetStyle();
+void setTrait(NSFontTraitMask trait, bool on);
+
+// Font, underline and, when there is one, link: from the state as it is now.
+Owned<NSDictionary> currentAttributes();
+
+// The same, made once for each state met in one reading.
+class AttributeMemo {
+ public:
+  Owned<NSDictionary> current();
+
+ private:
+  std::map<std::tuple<uint32_t, NSFontTraitMask, bool>, Owned<NSDictionary>> plain_;
+};
+
+}  // namespace html
