@@ -1,0 +1,39 @@
+// What every expression of a program can do.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "host/language/position.hpp"
+#include "host/language/value.hpp"
+
+namespace language {
+
+struct Frame;
+
+class Expression {
+ public:
+  explicit Expression(Position where) : position(where) {}
+  Expression(const Expression&) = delete;
+  Expression& operator=(const Expression&) = delete;
+  virtual ~Expression() = default;
+
+  virtual Value evaluate(Frame& frame) const = 0;
+
+  virtual bool isAssignable() const { return false; }
+  // Only where isAssignable().
+  virtual void assign(Frame&, Value) const {}
+
+  // Whether it is a variable; then storage() is where its value lies, else nil.
+  virtual bool isStored() const { return false; }
+  virtual Value* storage(Frame&) const { return nullptr; }
+  // The declared type, where the program's text says it.
+  virtual const Type* declaredType() const { return nullptr; }
+
+  const Position position;
+};
+
+using ExpressionPointer = std::unique_ptr<Expression>;
+using Expressions = std::vector<ExpressionPointer>;
+
+}  // namespace language

@@ -1,0 +1,54 @@
+// Reads and writes whole files.
+#include "host/language/files.hpp"
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "host/language/conversion.hpp"
+#include "host/runtime/exception.hpp"
+#include "host/runtime/memory_block.hpp"
+
+namespace language {
+
+void throwFileError(const std::string& path) {
+  const int code = errno == 0 ? EIO : errno;
+  host::throwException("IOException", path + ": " + std::strerror(code), code);
+}
+
+std::optional<std::string> contentsOf(const std::string& path) {
+  std::error_code none;
+  errno = std::filesystem::is_directory(path, none) ? EISDIR : 0;
+  if (errno != 0) return {};
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream contents;
+  if (file && file.peek() != std::ifstream::traits_type::eof()) contents << file.rdbuf();
+  if (!file.is_open() || file.bad()) return {};
+  return std::move(contents).str();
+}
+
+std::string readFile(const std::string& path) {
+  std::optional<std::string> contents = contentsOf(path);
+  if (!contents) throwFileError(path);
+  return *std::move(contents);
+}
+
+void writeFile(const std::string& path, std::string_view bytes) {
+  errno = 0;
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush()) throwFileError(path);
+}
+
+std::string_view bytesIn(const Value& value) {
+  if (value.isString()) return host::bytesOf(value.asString());
+  if (value.isText()) return host::bytesOf(value.asText());
+  if (value.asObject() == nullptr || !host::isMemoryBlock(value.asObject())) {
+    throwTypeMismatch("Only strings and memory blocks can be written.");
+  }
+  const std::span<std::byte> memory = host::memoryOf(value.asObject());
+  return {reinterpret_cast<const char*>(memory.data()), memory.size()};
+}
+
+}  // namespace language

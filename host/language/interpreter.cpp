@@ -1,0 +1,61 @@
+// Runs programs.
+#include "host/language/interpreter.hpp"
+
+#include <sys/resource.h>
+
+#include <algorithm>
+
+#include "host/language/conversion.hpp"
+#include "host/language/files.hpp"
+#include "host/language/frame.hpp"
+#include "host/language/program.hpp"
+
+namespace language {
+namespace {
+
+// The address below which no function of the program is called: a quarter of the stack stays for what the host and its
+// plug-ins do.
+const char* stackLimit() {
+  constexpr rlim_t usual = 8 << 20;
+  rlimit limit{};
+  const bool known = getrlimit(RLIMIT_STACK, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+  const rlim_t size = std::min(known ? limit.rlim_cur : usual, usual);
+  return static_cast<const char*>(__builtin_frame_address(0)) - size / 4 * 3;
+}
+
+HostNames namesOf(const host::Runtime& runtime) {
+  return {[&runtime](const std::string& name) { return runtime.findClass(name) != nullptr; },
+          [&runtime](const std::string& name) { return !runtime.findGlobalMethods(name).empty(); }};
+}
+
+std::optional<Failure> runProgram(const Program& program, Context& context) {
+  std::vector<Slot> globals(program.main.slots);
+  for (size_t index = 0; index < globals.size(); ++index)
+    globals[index].value = host::emptyValue(program.globalTypes[index]);
+  context.globals = globals.data();
+  Frame frame{context, nullptr, {}, LoopKind::Any};
+  try {
+    program.main.body.run(frame);
+    return {};
+  } catch (const host::HostException& exception) {
+    return Failure{context.position, exception.className() + ": " + exception.message()};
+  } catch (const std::bad_alloc&) {
+    return Failure{context.position, "OutOfMemoryException: The memory is exhausted."};
+  }
+}
+
+}  // namespace
+
+std::optional<Failure> run(host::Runtime& runtime, std::string_view source, const Invocation& invocation,
+                           std::ostream& output) {
+  registerStreams(runtime);
+  try {
+    const std::unique_ptr<Program> program = parse(source, namesOf(runtime));
+    Context context{runtime, output, invocation, nullptr, {}, stackLimit()};
+    return runProgram(*program, context);
+  } catch (const SyntaxError& error) {
+    return Failure{error.position, error.what()};
+  }
+}
+
+}  // namespace language

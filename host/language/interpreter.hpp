@@ -1,0 +1,35 @@
+// Runs programs.
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/language/position.hpp"
+
+namespace host {
+class Runtime;
+}
+
+namespace language {
+
+// How the program was started.
+struct Invocation {
+  std::string path;  // of the program's file
+  std::vector<std::string> arguments;
+};
+
+// Why a program was refused or ended early, and where in its text.
+struct Failure {
+  Position position;
+  std::string message;  // of an exception that nobody caught: its class and its message
+};
+
+// Reads the program and runs it. What it prints goes to the output. Everything that the program held is released when this
+// returns.
+std::optional<Failure> run(host::Runtime& runtime, std::string_view source, const Invocation& invocation,
+                           std::ostream& output);
+
+}  // namespace language

@@ -1,0 +1,64 @@
+// The making and the end of host objects.
+#include "host/runtime/object.hpp"
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "host/runtime/builtin.hpp"
+#include "host/runtime/class.hpp"
+#include "host/runtime/exception.hpp"
+
+namespace host {
+namespace {
+
+// Keeps the count of an object that is being destroyed above zero, whatever its destructors lock and unlock.
+constexpr int64_t dyingReferences = int64_t{1} << 40;
+
+constexpr size_t roundedUp(size_t size) { return (size + 15) / 16 * 16; }
+
+LiveList<HostObject>& liveObjects() {
+  static LiveList<HostObject> list;
+  return list;
+}
+
+}  // namespace
+
+const LiveList<HostObject>& HostObject::live() { return liveObjects(); }
+
+HostOwned<HostObject> HostObject::make(const HostClass& type) {
+  static uint64_t serial = 0;
+  const BuiltinClass* stateOwner = type.stateOwner();
+  const size_t stateOffset = sizeof(HostObject) + roundedUp(type.dataSize());
+  const size_t size = stateOffset + (stateOwner != nullptr ? stateOwner->state.size : 0);
+  void* place = std::calloc(1, size);
+  if (place == nullptr) throwException("OutOfMemoryException", "There is no memory for the object.");
+  auto* made = new (place) HostObject{&type, 1, nullptr, nullptr, nullptr, ++serial};
+  if (stateOwner != nullptr) {
+    made->state = static_cast<std::byte*>(place) + stateOffset;
+    stateOwner->state.construct(made->state);
+  }
+  liveObjects().add(made);
+  HostOwned<HostObject> owned = adopt(made);
+  type.runConstructors(made);
+  return owned;
+}
+
+void HostObject::destroy() {
+  references = dyingReferences;
+  type->runDestructors(this);
+  if (state != nullptr) type->stateOwner()->state.destroy(state);
+  liveObjects().remove(this);
+  std::free(this);
+}
+
+bool isA(const HostObject* object, const HostClass* type) {
+  return object != nullptr && type != nullptr && object->type->isKindOf(type);
+}
+
+std::string describe(const HostObject& object) {
+  return object.type->name() + " #" + std::to_string(object.serial) + ", " + std::to_string(object.references) +
+         (object.references == 1 ? " reference" : " references");
+}
+
+}  // namespace host

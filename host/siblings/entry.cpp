@@ -1,0 +1,17 @@
+// The entry point of the sibling classes' plug-in.
+#include "host/siblings/classes.hpp"
+#include "host/siblings/services.hpp"
+
+extern "C" __attribute__((visibility("default"))) void REALPluginMain(siblings::Resolver resolver) {
+  using namespace siblings;
+  setResolver(resolver);
+  registerExceptionSupport();
+  registerStructures();
+  registerFonts();
+  registerColors();
+  registerErrors();
+  registerCoreFoundation();
+  registerTimes();
+  registerWrappers();
+  registerObjectWrapper();
+}

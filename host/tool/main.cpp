@@ -1,0 +1,33 @@
+// The command line, styledtext.
+#include <CLI/CLI.hpp>
+#include <iostream>
+
+#include "host/tool/classes_command.hpp"
+#include "host/tool/messages.hpp"
+#include "host/tool/run_command.hpp"
+
+int main(int count, char** arguments) {
+  CLI::App app{"Styled text for host programs.", "styledtext"};
+  app.require_subcommand(1);
+
+  tool::RunOptions runOptions;
+  CLI::App* run = app.add_subcommand("run", "Run a host program");
+  run->add_flag("--check-references", runOptions.checkReferences, "Report what is still alive when the program has ended");
+  run->add_option("program", runOptions.invocation.path, "The program's file")->required();
+  run->prefix_command();
+
+  std::string className;
+  bool markdown = false;
+  CLI::App* classes = app.add_subcommand("classes", "List the classes with their members");
+  classes->add_option("name", className, "Only this class");
+  classes->add_flag("--markdown", markdown, "As a Markdown document");
+
+  try {
+    app.parse(count, arguments);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? tool::Succeeded : tool::WrongUsage;
+  }
+  if (classes->parsed()) return tool::listClasses(className, markdown);
+  runOptions.invocation.arguments = run->remaining();
+  return tool::runProgram(runOptions);
+}
