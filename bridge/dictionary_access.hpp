@@ -1,7 +1,7 @@
 // Host dictionaries, reached through one property and three methods that are looked up on the dictionary in hand.
 #pragma once
 
-#include "plugin/host_owned.hpp"
+#include "bridge/host_variant.hpp"
 #include "plugin/service.hpp"
 
 namespace bridge {
@@ -24,8 +24,6 @@ class DictionaryLoop {
   DictionaryLoop& operator=(const DictionaryLoop&) = delete;
   ~DictionaryLoop() { LastDictionary = nullptr; }
 };
-
-using HostVariant = plugin::HostOwned<plugin::REALobjectStruct>;
 
 // 0 when the host cannot tell.
 int64_t dictionaryCount(plugin::REALdictionary* dictionary);

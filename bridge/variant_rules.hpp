@@ -3,12 +3,10 @@
 
 #include <optional>
 
+#include "bridge/host_variant.hpp"
 #include "platform/foundation.h"
-#include "plugin/host_owned.hpp"
 
 namespace bridge {
-
-using HostVariant = plugin::HostOwned<plugin::REALobjectStruct>;
 
 template <class Type>
 bool isKindOf(NSObject* object) {

@@ -9,4 +9,7 @@ namespace html {
 // Works on UTF-16 units: a surrogate pair becomes two references.
 void appendEscaped(std::u16string_view text, std::u16string& output);
 
+// How many units that appends.
+std::size_t escapedLength(std::u16string_view text);
+
 }  // namespace html

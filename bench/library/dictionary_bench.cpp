@@ -20,7 +20,6 @@ namespace {
 using host::Value;
 
 plugin::REALobject forLibrary(host::HostObject* object) { return reinterpret_cast<plugin::REALobject>(object); }
-host::HostObject* forHost(plugin::REALobject object) { return reinterpret_cast<host::HostObject*>(object); }
 
 void startLibrary() {
   plugin::gResolver = &host::Runtime::resolve;

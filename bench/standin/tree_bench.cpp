@@ -115,6 +115,19 @@ void insertAndDeleteStyledUnit(benchmark::State& state) {
   state.SetItemsProcessed(2 * static_cast<int64_t>(state.iterations()));
 }
 
+// Characters alone, a mebiunit of them.
+void insertAndDeleteCharacter(benchmark::State& state) {
+  Text text = Text::latin1(std::string(1 << 20, 'x'));
+  const Text unit = Text::latin1("z");
+  Positions positions(text.size() - 1);
+  for (auto _ : state) {
+    text.splice(positions.next(), 0, unit);
+    text.splice(positions.next(), 1, Text());
+  }
+  state.SetItemsProcessed(2 * static_cast<int64_t>(state.iterations()));
+  state.counters["bytes_a_unit"] = static_cast<double>(text.bytesHeld()) / text.size();
+}
+
 void addAttribute(benchmark::State& state) {
   StyledText styled = styledText(runCount(state));
   Positions positions(styled.length() - 100), lengths(100);
@@ -199,6 +212,7 @@ void attributesAtIndex(benchmark::State& state) {
   }
 }
 
+BENCHMARK(insertAndDeleteCharacter);
 #define AT_ALL_SIZES(function) BENCHMARK(function)->Arg(64)->Arg(262144)->Arg(1048576)
 AT_ALL_SIZES(findRun);
 AT_ALL_SIZES(insertAndDeleteUnit);

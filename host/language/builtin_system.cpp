@@ -7,7 +7,6 @@
 #include "host/language/frame.hpp"
 #include "host/runtime/array.hpp"
 #include "host/runtime/folder_item.hpp"
-#include "host/runtime/memory_block.hpp"
 
 namespace language {
 namespace {
@@ -38,16 +37,6 @@ Value folderItem(Context&, Arguments arguments) { return Value::object(host::mak
 
 std::string pathIn(const Value& value) { return host::pathOf(value.asObject()); }
 
-Value readBytes(Context&, Arguments arguments) {
-  return Value::object(host::makeMemoryBlock(readFile(pathIn(arguments[0]))));
-}
-
-// The bytes of a string in its encoding, or of a memory block.
-Value writeBytes(Context&, Arguments arguments) {
-  writeFile(pathIn(arguments[0]), bytesIn(arguments[1]));
-  return {};
-}
-
 Value readText(Context&, Arguments arguments) { return Value::string(readFile(pathIn(arguments[0]))); }
 
 Value writeText(Context&, Arguments arguments) {
@@ -58,8 +47,7 @@ Value writeText(Context&, Arguments arguments) {
 constexpr Builtin kTable[] = {
     {"System.Arguments", Plain, 0, 0, programArguments}, {"System.CommandLine", Plain, 0, 0, commandLine},
     {"System.ProgramFile", Plain, 0, 0, programFile},    {"Microseconds", Plain, 0, 0, microseconds},
-    {"GetFolderItem", Plain, 1, 1, folderItem},          {"ReadBytes", OfFolderItem, 1, 1, readBytes},
-    {"WriteBytes", OfFolderItem, 2, 2, writeBytes},      {"ReadText", OfFolderItem, 1, 1, readText},
+    {"GetFolderItem", Plain, 1, 1, folderItem},          {"ReadText", OfFolderItem, 1, 1, readText},
     {"WriteText", OfFolderItem, 2, 2, writeText},
 };
 

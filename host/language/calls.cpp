@@ -68,7 +68,7 @@ Value Member::evaluate(Frame& frame) const {
   return call_.read(frame, receiver, arguments_);
 }
 
-void Member::assign(Frame& frame, Value value) const {
+void Member::assign(Frame& frame, Value&& value) const {
   const Value receiver = receiver_->evaluate(frame);
   frame.context.position = position;
   call_.write(frame, receiver, arguments_, std::move(value));

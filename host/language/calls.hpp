@@ -38,7 +38,7 @@ class Member : public Expression {
       : Expression(where), receiver_(std::move(receiver)), call_(std::move(name)), arguments_(std::move(arguments)) {}
   Value evaluate(Frame& frame) const override;
   bool isAssignable() const override { return true; }
-  void assign(Frame& frame, Value value) const override;
+  void assign(Frame& frame, Value&& value) const override;
   const Type* declaredType() const override { return call_.resultType(); }
 
  private:

@@ -21,8 +21,8 @@ class Expression {
   virtual Value evaluate(Frame& frame) const = 0;
 
   virtual bool isAssignable() const { return false; }
-  // Only where isAssignable().
-  virtual void assign(Frame&, Value) const {}
+  // Raises TypeMismatchException where nothing can be assigned, or not this value.
+  virtual void assign(Frame& frame, Value&& value) const;
 
   // Whether it is a variable; then storage() is where its value lies, else nil.
   virtual bool isStored() const { return false; }

@@ -7,9 +7,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "host/language/conversion.hpp"
 #include "host/runtime/exception.hpp"
-#include "host/runtime/memory_block.hpp"
 
 namespace language {
 
@@ -39,16 +37,6 @@ void writeFile(const std::string& path, std::string_view bytes) {
   errno = 0;
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush()) throwFileError(path);
-}
-
-std::string_view bytesIn(const Value& value) {
-  if (value.isString()) return host::bytesOf(value.asString());
-  if (value.isText()) return host::bytesOf(value.asText());
-  if (value.asObject() == nullptr || !host::isMemoryBlock(value.asObject())) {
-    throwTypeMismatch("Only strings and memory blocks can be written.");
-  }
-  const std::span<std::byte> memory = host::memoryOf(value.asObject());
-  return {reinterpret_cast<const char*>(memory.data()), memory.size()};
 }
 
 }  // namespace language

@@ -2,11 +2,8 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
-
-#include "host/language/value.hpp"
 
 namespace host {
 class Runtime;
@@ -20,9 +17,6 @@ std::optional<std::string> contentsOf(const std::string& path);
 // Both raise IOException.
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, std::string_view bytes);
-
-// Of a string in its own encoding, or of a memory block. Raises TypeMismatchException for anything else.
-std::string_view bytesIn(const Value& value);
 
 [[noreturn]] void throwFileError(const std::string& path);
 

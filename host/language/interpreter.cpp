@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 
 #include <algorithm>
+#include <exception>
 
 #include "host/language/conversion.hpp"
 #include "host/language/files.hpp"
@@ -38,9 +39,10 @@ std::optional<Failure> runProgram(const Program& program, Context& context) {
     program.main.body.run(frame);
     return {};
   } catch (const host::HostException& exception) {
-    return Failure{context.position, exception.className() + ": " + exception.message()};
-  } catch (const std::bad_alloc&) {
-    return Failure{context.position, "OutOfMemoryException: The memory is exhausted."};
+    const std::string message = exception.message();
+    return Failure{context.position, exception.className() + (message.empty() ? "" : ": " + message)};
+  } catch (const std::exception& error) {
+    return Failure{context.position, std::string("RuntimeException: ") + error.what()};
   }
 }
 

@@ -103,11 +103,16 @@ int orderOf(const Value& left, const Value& right) {
   throwTypeMismatch("These two cannot be compared.");
 }
 
+bool areOfOneSort(const Value& left, const Value& right) {
+  return (left.isNumber() && right.isNumber()) || (isTextual(left) && isTextual(right)) || left.kind() == right.kind();
+}
+
+// Values of different sorts are never the same.
 bool same(const Value& left, const Value& right) {
   if (left.isNil() || right.isNil()) return left.isNil() && right.isNil();
   if (isDate(left) && isDate(right)) return orderOf(left, right) == 0;
   if (left.isObject() || right.isObject()) return left.asObject() == right.asObject();
-  return orderOf(left, right) == 0;
+  return areOfOneSort(left, right) && orderOf(left, right) == 0;
 }
 
 }  // namespace
@@ -147,7 +152,7 @@ Value combine(Operator code, const Value& left, const Value& right) {
 
 // And and Or of Booleans leave the right side alone when the left one decides.
 Value Binary::evaluate(Frame& frame) const {
-  const Value left = left_->evaluate(frame);
+  Value left = left_->evaluate(frame);
   if (left.kind() == Kind::Boolean) {
     if (code_ == Operator::And && !left.asBoolean()) return left;
     if (code_ == Operator::Or && left.asBoolean()) return left;

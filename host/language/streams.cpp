@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "host/language/files.hpp"
+#include "host/language/value.hpp"
 #include "host/runtime/builtin.hpp"
 #include "host/runtime/exception.hpp"
 #include "host/runtime/folder_item.hpp"

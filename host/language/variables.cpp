@@ -21,6 +21,11 @@ int64_t indexIn(const Value& value) {
 
 }  // namespace
 
+void Expression::assign(Frame& frame, Value&&) const {
+  frame.context.position = position;
+  throwTypeMismatch("Nothing can be assigned to this.");
+}
+
 Value* VariableReference::storage(Frame& frame) const {
   Slot& slot = (variable_.storage == Storage::Global ? frame.context.globals : frame.locals)[variable_.slot];
   return variable_.storage == Storage::Reference ? slot.reference : &slot.value;
@@ -28,7 +33,7 @@ Value* VariableReference::storage(Frame& frame) const {
 
 Value VariableReference::evaluate(Frame& frame) const { return *storage(frame); }
 
-void VariableReference::assign(Frame& frame, Value value) const {
+void VariableReference::assign(Frame& frame, Value&& value) const {
   frame.context.position = position;
   *storage(frame) = conform(std::move(value), variable_.type);
 }
@@ -40,7 +45,7 @@ Value Element::evaluate(Frame& frame) const {
   return host::element(arrayIn(array), indexIn(index));
 }
 
-void Element::assign(Frame& frame, Value value) const {
+void Element::assign(Frame& frame, Value&& value) const {
   const Value array = array_->evaluate(frame);
   const Value index = index_->evaluate(frame);
   frame.context.position = position;

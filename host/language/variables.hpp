@@ -20,7 +20,7 @@ class VariableReference : public Expression {
   VariableReference(Position where, const Variable& variable) : Expression(where), variable_(variable) {}
   Value evaluate(Frame& frame) const override;
   bool isAssignable() const override { return !variable_.isConstant; }
-  void assign(Frame& frame, Value value) const override;
+  void assign(Frame& frame, Value&& value) const override;
   bool isStored() const override { return true; }
   Value* storage(Frame& frame) const override;
   const Type* declaredType() const override { return &variable_.type; }
@@ -36,7 +36,7 @@ class Element : public Expression {
       : Expression(where), array_(std::move(array)), index_(std::move(index)) {}
   Value evaluate(Frame& frame) const override;
   bool isAssignable() const override { return true; }
-  void assign(Frame& frame, Value value) const override;
+  void assign(Frame& frame, Value&& value) const override;
 
  private:
   const ExpressionPointer array_;

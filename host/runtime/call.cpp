@@ -1,6 +1,9 @@
 // Native calls through libffi.
 #include "host/runtime/call.hpp"
 
+#include <cstring>
+#include <type_traits>
+
 #include "host/runtime/class.hpp"
 #include "host/runtime/conversion.hpp"
 #include "host/runtime/exception.hpp"
@@ -13,31 +16,40 @@
 namespace host {
 namespace {
 
-ffi_type* nativeType(const Type& type) {
-  if (type.array) return &ffi_type_pointer;
-  switch (type.kind) {
-    case Kind::Boolean:
-      return &ffi_type_uint8;
-    case Kind::Int32:
-      return &ffi_type_sint32;
-    case Kind::UInt32:
-      return &ffi_type_uint32;
-    case Kind::Integer:
-    case Kind::Color:
-      return &ffi_type_sint64;
-    case Kind::UInt64:
-      return &ffi_type_uint64;
-    case Kind::Single:
-      return &ffi_type_float;
-    case Kind::Double:
-    case Kind::Currency:
-      return &ffi_type_double;
-    default:
-      return &ffi_type_pointer;
-  }
+template <class Native>
+ffi_type* foreignType() {
+  if constexpr (std::is_same_v<Native, bool>) return &ffi_type_uint8;
+  if constexpr (std::is_same_v<Native, int32_t>) return &ffi_type_sint32;
+  if constexpr (std::is_same_v<Native, uint32_t>) return &ffi_type_uint32;
+  if constexpr (std::is_same_v<Native, int64_t>) return &ffi_type_sint64;
+  if constexpr (std::is_same_v<Native, uint64_t>) return &ffi_type_uint64;
+  if constexpr (std::is_same_v<Native, float>) return &ffi_type_float;
+  if constexpr (std::is_same_v<Native, double>) return &ffi_type_double;
+  return &ffi_type_pointer;
 }
 
+template <class Native>
+uint64_t getWord(void* getter, HostObject* object, int64_t parameter) {
+  const Native value = reinterpret_cast<Native (*)(HostObject*, int64_t)>(getter)(object, parameter);
+  uint64_t word = 0;
+  std::memcpy(&word, &value, sizeof(Native));
+  return word;
+}
+
+// What depends on the C++ type behind a kind.
+struct NativeRow {
+  ffi_type* (*type)();
+  uint64_t (*getWord)(void*, HostObject*, int64_t);
+};
+constexpr NativeRow nativeRows[] = {
+#define HOST_KIND(name, typeName, code, size, Native) {&foreignType<Native>, &getWord<Native>},
+    HOST_KINDS(HOST_KIND)
+#undef HOST_KIND
+};
+
 Kind nativeKind(const Type& type) { return type.array ? Kind::Object : type.kind; }
+const NativeRow& nativeRow(const Type& type) { return nativeRows[static_cast<size_t>(nativeKind(type))]; }
+ffi_type* nativeType(const Type& type) { return nativeRow(type).type(); }
 
 // A value as the function takes it: variants in their boxes.
 void prepare(Value& argument, const Type& type) {
@@ -60,6 +72,13 @@ Value received(const Type& type, uint64_t word) {
     return std::string(bytes != nullptr ? bytes : "");
   };
   throwException("RuntimeException", text(NSException::name(exception)) + ": " + text(NSException::reason(exception)));
+}
+
+// Runs the body, and puts a host exception in the place of a platform exception.
+template <class Body>
+void guarded(Body&& body) {
+  NSException* uncaught = catchException(body);
+  if (uncaught != nullptr) throwUncaught(uncaught);
 }
 
 // Puts back what the function stored by reference, also when it threw.
@@ -92,10 +111,6 @@ class References {
 
 }  // namespace
 
-struct PreparedCall::Slot {
-  uint64_t word = 0;
-};
-
 PreparedCall::PreparedCall(const Declaration& declaration, bool takesSelf)
     : parameters_(declaration.parameters),
       result_(declaration.result.value_or(Type())),
@@ -111,12 +126,6 @@ PreparedCall::PreparedCall(const Declaration& declaration, bool takesSelf)
   }
   ffi_type* resultType = hasResult_ ? nativeType(result_) : &ffi_type_void;
   ffi_prep_cif(&interface_->cif, FFI_DEFAULT_ABI, count, resultType, interface_->types.data());
-}
-
-void PreparedCall::run(void* function, void** arguments, Slot& result) const {
-  NSException* uncaught =
-      catchException([&] { ffi_call(&interface_->cif, reinterpret_cast<void (*)()>(function), &result, arguments); });
-  if (uncaught != nullptr) throwUncaught(uncaught);
 }
 
 Value PreparedCall::operator()(void* function, HostObject* self, std::span<Value> arguments) const {
@@ -155,9 +164,18 @@ Value PreparedCall::callWithReferences(void* function, HostObject* self, std::sp
 }
 
 Value PreparedCall::finish(void* function, void** places) const {
-  Slot result;
-  run(function, places, result);
-  Value value = hasResult_ ? received(result_, result.word) : Value();
+  uint64_t word = 0;
+  guarded([&] { ffi_call(&interface_->cif, reinterpret_cast<void (*)()>(function), &word, places); });
+  Value value = hasResult_ ? received(result_, word) : Value();
+  Runtime::shared().throwPendingException();
+  return value;
+}
+
+Value callGetter(void* getter, const Type& type, HostObject* object, int64_t parameter) {
+  const AutoreleasePool pool;
+  uint64_t word = 0;
+  guarded([&] { word = nativeRow(type).getWord(getter, object, parameter); });
+  Value value = received(type, word);
   Runtime::shared().throwPendingException();
   return value;
 }

@@ -34,11 +34,9 @@ class PreparedCall {
     ffi_cif cif;
     std::array<ffi_type*, maximumParameters> types;
   };
-  struct Slot;
   Value call(void* function, HostObject* self, std::span<Value> arguments) const;
   Value callWithReferences(void* function, HostObject* self, std::span<Value> arguments) const;
   Value finish(void* function, void** places) const;
-  void run(void* function, void** places, Slot& result) const;
 
   std::vector<Parameter> parameters_;
   Type result_;
@@ -47,5 +45,8 @@ class PreparedCall {
   bool hasReferences_ = false;
   std::shared_ptr<Interface> interface_;
 };
+
+// Calls a property's getter, function (object, parameter), as PreparedCall does.
+Value callGetter(void* getter, const Type& type, HostObject* object, int64_t parameter);
 
 }  // namespace host

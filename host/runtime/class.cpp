@@ -12,11 +12,13 @@ namespace {
 
 const std::string constructorName = "Constructor";
 
-// The letters of a built-in function's signature, in the order of the kinds.
-constexpr char kindLetters[] = "vbiulLfddlpsto";
-
 std::string letterOf(const Type& type) {
-  return std::string(1, type.array ? 'o' : kindLetters[static_cast<size_t>(type.kind)]);
+  static const std::string letters[] = {
+#define HOST_KIND(name, typeName, code, size, Native) SignatureOf<Native>::text(),
+      HOST_KINDS(HOST_KIND)
+#undef HOST_KIND
+  };
+  return letters[static_cast<size_t>(type.array ? Kind::Object : type.kind)];
 }
 
 std::string expectedSignature(const Declaration& declaration, bool takesSelf) {
@@ -49,20 +51,6 @@ void checkSignature(const std::string& className, std::string_view member, const
   if (found != expected) refuse(className, member, "the function is " + found + ", its declaration says " + expected);
 }
 
-// Field widths in instance data are those of the native types.
-size_t fieldSize(Kind kind) {
-  switch (kind) {
-    case Kind::Boolean:
-      return 1;
-    case Kind::Int32:
-    case Kind::UInt32:
-    case Kind::Single:
-      return 4;
-    default:
-      return 8;
-  }
-}
-
 }  // namespace
 
 bool Property::isDirect() const { return getter == directField; }
@@ -70,20 +58,19 @@ bool Property::isDirect() const { return getter == directField; }
 Value Property::read(HostObject* object) const {
   if (isDirect()) {
     uint64_t word = 0;
-    std::memcpy(&word, object->data() + owner->dataOffset() + parameter, fieldSize(type.kind));
+    std::memcpy(&word, object->data() + owner->dataOffset() + parameter, nativeSize(type.kind));
     Value borrowed = Value::adoptWord(type.kind, word);
     Value copy = borrowed;
     (void)borrowed.detachWord();
     return copy;
   }
-  Value arguments[] = {Value::integer(parameter)};
-  return get(getter, object, arguments);
+  return callGetter(getter, type, object, parameter);
 }
 
 void Property::write(HostObject* object, const Value& value) const {
   if (isDirect()) {
     const uint64_t word = convert(value, type).detachWord();
-    std::memcpy(object->data() + owner->dataOffset() + parameter, &word, fieldSize(type.kind));
+    std::memcpy(object->data() + owner->dataOffset() + parameter, &word, nativeSize(type.kind));
     return;
   }
   Value arguments[] = {Value::integer(parameter), value};
@@ -101,7 +88,7 @@ HostClass::HostClass(const BuiltinClass& description, const HostClass* superclas
       checkSignature(name_, parsedProperty.name, property.setter, setterDeclaration(*parsedProperty.result), true);
     }
     addProperty(
-        {parsedProperty.name, *parsedProperty.result, property.getter.address, property.setter.address, 0, this, {}, {}});
+        {parsedProperty.name, *parsedProperty.result, property.getter.address, property.setter.address, 0, this, {}});
   }
   const auto addChecked = [this](const BuiltinMethod& method, bool shared) {
     checkSignature(name_, method.declaration, method.function, parsed(method.declaration, parseDeclaration), !shared);
@@ -124,7 +111,6 @@ HostClass::HostClass(const ClassRecord& record, const HostClass* superclass)
                  property.setter,
                  property.parameter,
                  this,
-                 {},
                  {}});
   }
   for (const MethodRecord& method : std::span(record.methods, record.methodCount)) {
@@ -157,7 +143,6 @@ void HostClass::addProperty(Property property) {
   if (property.name.empty()) refuse(name_, "", "a property has no name");
   if (property.getter == nullptr) refuse(name_, property.name, "the property has no getter");
   if (!property.isDirect()) {
-    property.get = PreparedCall(getterDeclaration(property.type), true);
     property.set = PreparedCall(setterDeclaration(property.type), true);
   }
   propertyIndex_[lowerCase(property.name)].push_back(properties_.size());

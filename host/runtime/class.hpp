@@ -22,7 +22,7 @@ struct Property {
   void* setter = nullptr;
   int64_t parameter = 0;
   const HostClass* owner = nullptr;
-  PreparedCall get, set;
+  PreparedCall set;
 
   bool isDirect() const;
   bool isReadOnly() const { return setter == nullptr; }

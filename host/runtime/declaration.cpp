@@ -8,7 +8,7 @@ namespace host {
 namespace {
 
 constexpr Kind allKinds[] = {
-#define HOST_KIND(name, typeName, code, size) Kind::name,
+#define HOST_KIND(name, typeName, code, size, Native) Kind::name,
     HOST_KINDS(HOST_KIND)
 #undef HOST_KIND
 };

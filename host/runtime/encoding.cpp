@@ -121,11 +121,11 @@ std::string convert(UConverter* from, UConverter* to, std::string_view bytes) {
   UChar *pivotSource = pivot, *pivotTarget = pivot;
   const char* source = bytes.data();
   const char* const end = source + bytes.size();
-  for (bool first = true;; first = false) {
+  for (UBool first = 1;; first = 0) {
     char* target = buffer;
     UErrorCode status = U_ZERO_ERROR;
     ucnv_convertEx(to, from, &target, std::end(buffer), &source, end, pivot, &pivotSource, &pivotTarget, std::end(pivot),
-                   first, true, &status);
+                   first, 1, &status);
     result.append(buffer, target);
     if (status != U_BUFFER_OVERFLOW_ERROR) return result;
   }

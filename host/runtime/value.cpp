@@ -8,10 +8,11 @@ struct KindRow {
   const char* typeName;
   int typeCode;
   size_t elementSize;
+  size_t nativeSize;
 };
 
 constexpr KindRow kindRows[] = {
-#define HOST_KIND(name, typeName, code, size) {typeName, code, size},
+#define HOST_KIND(name, typeName, code, size, Native) {typeName, code, size, sizeof(Native)},
     HOST_KINDS(HOST_KIND)
 #undef HOST_KIND
 };
@@ -23,6 +24,7 @@ const KindRow& row(Kind kind) { return kindRows[static_cast<size_t>(kind)]; }
 const char* typeName(Kind kind) { return row(kind).typeName; }
 int typeCode(Kind kind) { return row(kind).typeCode; }
 size_t elementSize(Kind kind) { return row(kind).elementSize; }
+size_t nativeSize(Kind kind) { return row(kind).nativeSize; }
 
 Value Value::boolean(bool value) { return adoptWord(Kind::Boolean, value ? 1 : 0); }
 Value Value::integer(int64_t value, Kind kind) { return adoptWord(kind, static_cast<uint64_t>(value)); }

@@ -11,26 +11,27 @@
 
 namespace host {
 
-// The kinds of value, with the type names that declarations use, the type code of a variant that holds one, and the bytes
-// that one takes as an array element. Any other type name is a class, whose values are of the kind Object.
-#define HOST_KINDS(X)           \
-  X(Nil, "", 0, 8)              \
-  X(Boolean, "Boolean", 11, 1)  \
-  X(Int32, "Int32", 2, 8)       \
-  X(UInt32, "UInt32", 2, 8)     \
-  X(Integer, "Integer", 3, 8)   \
-  X(UInt64, "UInt64", 3, 8)     \
-  X(Single, "Single", 4, 4)     \
-  X(Double, "Double", 5, 8)     \
-  X(Currency, "Currency", 6, 8) \
-  X(Color, "Color", 16, 8)      \
-  X(Pointer, "Ptr", 3, 8)       \
-  X(String, "String", 8, 8)     \
-  X(Text, "Text", 37, 8)        \
-  X(Object, "Object", 9, 8)
+// The kinds of value, with the type names that declarations use, the type code of a variant that holds one, the bytes that
+// one takes as an array element, and the C++ type that functions take and return. Any other type name is a class, whose
+// values are of the kind Object.
+#define HOST_KINDS(X)                    \
+  X(Nil, "", 0, 8, HostObject*)          \
+  X(Boolean, "Boolean", 11, 1, bool)     \
+  X(Int32, "Int32", 2, 8, int32_t)       \
+  X(UInt32, "UInt32", 2, 8, uint32_t)    \
+  X(Integer, "Integer", 3, 8, int64_t)   \
+  X(UInt64, "UInt64", 3, 8, uint64_t)    \
+  X(Single, "Single", 4, 4, float)       \
+  X(Double, "Double", 5, 8, double)      \
+  X(Currency, "Currency", 6, 8, double)  \
+  X(Color, "Color", 16, 8, int64_t)      \
+  X(Pointer, "Ptr", 3, 8, void*)         \
+  X(String, "String", 8, 8, HostString*) \
+  X(Text, "Text", 37, 8, HostText*)      \
+  X(Object, "Object", 9, 8, HostObject*)
 
 enum class Kind : uint8_t {
-#define HOST_KIND(name, typeName, code, size) name,
+#define HOST_KIND(name, typeName, code, size, Native) name,
   HOST_KINDS(HOST_KIND)
 #undef HOST_KIND
 };
@@ -38,6 +39,7 @@ enum class Kind : uint8_t {
 const char* typeName(Kind kind);
 int typeCode(Kind kind);
 size_t elementSize(Kind kind);
+size_t nativeSize(Kind kind);
 
 class Value {
  public:

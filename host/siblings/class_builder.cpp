@@ -37,8 +37,7 @@ ClassBuilder& ClassBuilder::wrapper() {
 }
 
 ClassBuilder& ClassBuilder::field(const char* name, const char* type, int64_t offset) {
-  addProperty(name, type, host::directField);
-  properties_.back().setter = host::directField;
+  addProperty(name, type, host::directField, host::directField);
   properties_.back().parameter = offset;
   return *this;
 }
@@ -48,11 +47,12 @@ ClassBuilder& ClassBuilder::constant(const char* declaration) {
   return *this;
 }
 
-ClassBuilder& ClassBuilder::addProperty(const char* name, const char* type, void* getter) {
+ClassBuilder& ClassBuilder::addProperty(const char* name, const char* type, void* getter, void* setter) {
   host::PropertyRecord& added = properties_.emplace_back();
   added.name = name;
   added.type = type;
   added.getter = getter;
+  added.setter = setter;
   return *this;
 }
 

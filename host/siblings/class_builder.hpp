@@ -24,6 +24,11 @@ class ClassBuilder {
   ClassBuilder& property(const char* name, const char* type, Value (*getter)(HostObject*, int64_t)) {
     return addProperty(name, type, reinterpret_cast<void*>(getter));
   }
+  template <class Value>
+  ClassBuilder& property(const char* name, const char* type, Value (*getter)(HostObject*, int64_t),
+                         void (*setter)(HostObject*, int64_t, Value)) {
+    return addProperty(name, type, reinterpret_cast<void*>(getter), reinterpret_cast<void*>(setter));
+  }
   template <class Result, class... Arguments>
   ClassBuilder& method(const char* declaration, Result (*function)(HostObject*, Arguments...)) {
     addMethod(methods_, declaration, reinterpret_cast<void*>(function));
@@ -40,7 +45,7 @@ class ClassBuilder {
   static void registerWithHost(const ClassBuilder& builder);
 
  private:
-  ClassBuilder& addProperty(const char* name, const char* type, void* getter);
+  ClassBuilder& addProperty(const char* name, const char* type, void* getter, void* setter = nullptr);
   static void addMethod(std::vector<host::MethodRecord>& list, const char* declaration, void* function);
 
   host::ClassRecord record_;

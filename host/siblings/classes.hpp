@@ -8,6 +8,7 @@ void registerStructures();
 void registerFonts();
 void registerColors();
 void registerErrors();
+void registerParagraphStyles();
 void registerCoreFoundation();
 void registerTimes();
 void registerWrappers();

@@ -10,6 +10,7 @@ extern "C" __attribute__((visibility("default"))) void REALPluginMain(siblings::
   registerFonts();
   registerColors();
   registerErrors();
+  registerParagraphStyles();
   registerCoreFoundation();
   registerTimes();
   registerWrappers();

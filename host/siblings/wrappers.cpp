@@ -64,8 +64,6 @@ constexpr struct {
     {"NSMetadataItemZKT"},
     {"NSMetadataQueryZKT"},
     {"NSMetadataQueryResultGroupZKT"},
-    {"NSParagraphStyleZKT"},
-    {"NSMutableParagraphStyleZKT", "NSParagraphStyleZKT"},
     {"NSNotificationZKT"},
     {"NSOperationZKT"},
     {"NSPasteboardZKT"},

@@ -9,12 +9,15 @@
 int main(int count, char** arguments) {
   CLI::App app{"Styled text for host programs.", "styledtext"};
   app.require_subcommand(1);
+  app.failure_message([](const CLI::App*, const CLI::Error& error) {
+    return std::string("styledtext: ") + error.what() + " (--help says more)\n";
+  });
 
   tool::RunOptions runOptions;
   CLI::App* run = app.add_subcommand("run", "Run a host program");
   run->add_flag("--check-references", runOptions.checkReferences, "Report what is still alive when the program has ended");
   run->add_option("program", runOptions.invocation.path, "The program's file")->required();
-  run->prefix_command();
+  run->prefix_command()->footer("What follows the program's file are its arguments.");
 
   std::string className;
   bool markdown = false;

@@ -18,7 +18,6 @@ using text::StyledText;
 const ClassDefinition immutableClass = defineClass<AttributedString>("NSConcreteAttributedString", "NSAttributedString");
 const ClassDefinition mutableClass =
     defineClass<AttributedString>("NSConcreteMutableAttributedString", "NSMutableAttributedString");
-const ClassDefinition storageClass = defineClass<AttributedString>("NSConcreteTextStorage", "NSTextStorage");
 
 bool isMutable(NSAttributedString* string) {
   static const ClassObject* const publicClass = findClass("NSMutableAttributedString");
@@ -112,9 +111,6 @@ NSString* description(AttributedString& self) {
 
 [[maybe_unused]] const ClassDefinition mutableAttributedStringClass =
     defineClass<AttributedString>("NSMutableAttributedString", "NSAttributedString").allocatesAs(mutableClass);
-
-[[maybe_unused]] const ClassDefinition textStorageClass =
-    defineClass<AttributedString>("NSTextStorage", "NSMutableAttributedString").allocatesAs(storageClass);
 
 }  // namespace
 

@@ -2,21 +2,12 @@
 #include "standin/appkit/attributed_string.hpp"
 #include "standin/appkit/attributed_string_checks.hpp"
 #include "standin/appkit/document_attributes.hpp"
-#include "standin/appkit/style.hpp"
+#include "standin/appkit/document_text.hpp"
 #include "standin/formats/rtf/reader.hpp"
 #include "standin/foundation/data.hpp"
-#include "standin/text/run_list.hpp"
 
 namespace standin::appkit {
 namespace {
-
-text::StyledText styledTextOf(const formats::Document& document) {
-  std::vector<text::AttributeSet> sets;
-  for (const text::Style& style : document.styles) sets.push_back(attributeSetOf(attributesOf(style)));
-  text::RunList runs;
-  for (const formats::DocumentRun& run : document.runs) runs.add(run.length, sets[run.style].handle());
-  return {text::Text::utf16(document.text), runs};
-}
 
 // The receiver filled from the document; without one, nil, the receiver released and the attributes untouched.
 NSAttributedString* filled(Owned<NSAttributedString> self, const std::optional<formats::Document>& document, NSString* type,

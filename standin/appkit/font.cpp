@@ -6,6 +6,7 @@
 #include <map>
 #include <utility>
 
+#include "standin/appkit/attributes.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/class_definition.hpp"
 #include "standin/text/font_faces.hpp"
@@ -88,6 +89,12 @@ Owned<NSFont> fontObject(const Font& font) {
   Owned<NSFont> made = create<FontState, NSFont>(fonts, font);
   alive = made;
   return made;
+}
+
+Font fontIn(text::AttributeHandle attributes) {
+  NSObject* font = attributeIn(attributes, NSFontAttributeName);
+  static ClassObject* const fontClass = reinterpret_cast<ClassObject*>(classOf<NSFont>());
+  return isKindOf(font, fontClass) ? fontOf(static_cast<NSFont*>(font)) : *text::fontNamed(regularFace, defaultSize);
 }
 
 const Font& fontOf(NSFont* font) { return stateOf<FontState>(font).font; }

@@ -1,6 +1,7 @@
 // NSFontManager: fonts by family, and conversion of a font to other traits, sizes and families.
 #include "platform/appkit.h"
 #include "standin/appkit/font.hpp"
+#include "standin/appkit/font_conversion.hpp"
 #include "standin/foundation/collections.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/class_definition.hpp"
@@ -29,22 +30,12 @@ NSFont* fontWithFamily(NSFontManager*, NSString* family, NSFontTraitMask traits,
 NSFontTraitMask traitsOfFont(NSFontManager*, NSFont* font) { return font != nullptr ? fontOf(font).traits : 0; }
 NSInteger weightOfFont(NSFontManager*, NSFont* font) { return font != nullptr ? fontOf(font).weight : 5; }
 
-NSFont* withTraits(NSFont* font, NSFontTraitMask traits) {
-  const Font& old = fontOf(font);
-  const bool boldChanged = ((traits ^ old.traits) & text::boldTrait) != 0;
-  return objectOr(text::fontInFamily(old.family, traits, boldChanged ? 5 : old.weight, old.size), font);
+NSFont* convertToTrait(NSFontManager*, NSFont* font, NSFontTraitMask traits) {
+  return font != nullptr ? fontObject(withTraits(fontOf(font), traits)).autorelease() : nullptr;
 }
 
-NSFont* convertToTrait(NSFontManager*, NSFont* font, NSFontTraitMask trait) {
-  if (font == nullptr) return nullptr;
-  NSFontTraitMask traits = fontOf(font).traits | (trait & ~(text::unboldTrait | text::unitalicTrait));
-  if ((trait & text::unboldTrait) != 0) traits &= ~text::boldTrait;
-  if ((trait & text::unitalicTrait) != 0) traits &= ~text::italicTrait;
-  return withTraits(font, traits);
-}
-
-NSFont* convertToNotTrait(NSFontManager*, NSFont* font, NSFontTraitMask trait) {
-  return font != nullptr ? withTraits(font, fontOf(font).traits & ~trait) : nullptr;
+NSFont* convertToNotTrait(NSFontManager*, NSFont* font, NSFontTraitMask traits) {
+  return font != nullptr ? fontObject(withoutTraits(fontOf(font), traits)).autorelease() : nullptr;
 }
 
 NSFont* convertToSize(NSFontManager*, NSFont* font, CGFloat size) {

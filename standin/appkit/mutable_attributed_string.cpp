@@ -2,6 +2,7 @@
 #include <string>
 
 #include "standin/appkit/attributed_string_checks.hpp"
+#include "standin/appkit/editing.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/exception.hpp"
 
@@ -9,11 +10,8 @@ namespace standin::appkit {
 namespace {
 
 using foundation::textOf;
-using text::AttributeSet;
 using text::StyledText;
 using text::UnitRange;
-
-StyledText& editable(NSAttributedString* self) { return stateOf<AttributedString>(self).styled; }
 
 // Positions are held in 32 bits.
 void requireSpace(NSAttributedString* self, const char* selector, UnitRange replaced, uint32_t inserted) {
@@ -25,18 +23,22 @@ void requireSpace(NSAttributedString* self, const char* selector, UnitRange repl
 void put(NSAttributedString* self, const char* selector, NSRange range, NSAttributedString* inserted) {
   requireArgument(self, selector, inserted);
   const UnitRange replaced = rangeIn(self, selector, range);
-  requireSpace(self, selector, replaced, styledTextOf(inserted).length());
-  editable(self).splice(replaced.start, replaced.length, styledTextOf(inserted));
+  const uint32_t length = styledTextOf(inserted).length();
+  requireSpace(self, selector, replaced, length);
+  edit(self, replaced, length,
+       [&](StyledText& styled) { styled.splice(replaced.start, replaced.length, styledTextOf(inserted)); });
 }
 
 void replaceWithString(NSAttributedString* self, NSRange range, NSString* string) {
   constexpr const char* selector = "replaceCharactersInRange:withString:";
   requireArgument(self, selector, string);
   const UnitRange replaced = rangeIn(self, selector, range);
-  requireSpace(self, selector, replaced, textOf(string).size());
-  StyledText& styled = editable(self);
-  styled.splice(replaced.start, replaced.length, textOf(string),
-                styled.inheritedAttributes(replaced.start, replaced.length));
+  const uint32_t length = textOf(string).size();
+  requireSpace(self, selector, replaced, length);
+  edit(self, replaced, length, [&](StyledText& styled) {
+    styled.splice(replaced.start, replaced.length, textOf(string),
+                  styled.inheritedAttributes(replaced.start, replaced.length));
+  });
 }
 
 void replaceWithAttributedString(NSAttributedString* self, NSRange range, NSAttributedString* inserted) {
@@ -54,35 +56,38 @@ void setAttributedString(NSAttributedString* self, NSAttributedString* content) 
 
 void deleteCharacters(NSAttributedString* self, NSRange range) {
   const UnitRange removed = rangeIn(self, "deleteCharactersInRange:", range);
-  editable(self).splice(removed.start, removed.length, StyledText());
+  edit(self, removed, 0, [&](StyledText& styled) { styled.splice(removed.start, removed.length, StyledText()); });
 }
 
 // Nil attributes leave none.
 void setAttributes(NSAttributedString* self, NSDictionary* attributes, NSRange range) {
-  const UnitRange styled = rangeIn(self, "setAttributes:range:", range);
-  editable(self).setAttributes(styled.start, styled.length, attributeSetOf(attributes));
+  const UnitRange part = rangeIn(self, "setAttributes:range:", range);
+  restyle(self, part,
+          [&](StyledText& styled) { styled.setAttributes(part.start, part.length, attributeSetOf(attributes)); });
 }
 
 void addAttributes(NSAttributedString* self, NSDictionary* attributes, NSRange range) {
   requireArgument(self, "addAttributes:range:", attributes);
-  const UnitRange styled = rangeIn(self, "addAttributes:range:", range);
-  editable(self).addAttributes(styled.start, styled.length, attributeSetOf(attributes));
+  const UnitRange part = rangeIn(self, "addAttributes:range:", range);
+  restyle(self, part,
+          [&](StyledText& styled) { styled.addAttributes(part.start, part.length, attributeSetOf(attributes)); });
 }
 
 void addAttribute(NSAttributedString* self, NSString* name, NSObject* value, NSRange range) {
   requireArgument(self, "addAttribute:value:range:", name);
   requireArgument(self, "addAttribute:value:range:", value);
-  const UnitRange styled = rangeIn(self, "addAttribute:value:range:", range);
-  editable(self).addAttribute(styled.start, styled.length, name, value);
+  const UnitRange part = rangeIn(self, "addAttribute:value:range:", range);
+  restyle(self, part, [&](StyledText& styled) { styled.addAttribute(part.start, part.length, name, value); });
 }
 
 void removeAttribute(NSAttributedString* self, NSString* name, NSRange range) {
   requireArgument(self, "removeAttribute:range:", name);
-  const UnitRange styled = rangeIn(self, "removeAttribute:range:", range);
-  editable(self).removeAttribute(styled.start, styled.length, name);
+  const UnitRange part = rangeIn(self, "removeAttribute:range:", range);
+  restyle(self, part, [&](StyledText& styled) { styled.removeAttribute(part.start, part.length, name); });
 }
 
-// Edits of a plain attributed string take effect at once, so there is nothing to hold back between the two.
+// Edits of a plain attributed string take effect at once, so there is nothing to hold back between the two. Text storages
+// have methods of their own.
 void beginEditing(NSAttributedString*) {}
 void endEditing(NSAttributedString*) {}
 

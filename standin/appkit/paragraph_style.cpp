@@ -107,7 +107,11 @@ NSString* description(ParagraphStyle& self) {
       .autorelease();
 }
 
-NSObject* copyWithZone(ParagraphStyle& self, void*) { return newParagraphStyle(self.paragraph).detach(); }
+// A style that cannot change is its own copy.
+NSObject* copyWithZone(NSParagraphStyle* self, void*) {
+  static ClassObject* const changing = reinterpret_cast<ClassObject*>(classOf<NSMutableParagraphStyle>());
+  return isKindOf(self, changing) ? newParagraphStyle(paragraphOf(self)).detach() : retainObject(self);
+}
 NSObject* mutableCopyWithZone(ParagraphStyle& self, void*) { return newMutableParagraphStyle(self.paragraph).detach(); }
 
 // The fields, each with its getter here and its setter in the mutable class.

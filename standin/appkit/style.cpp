@@ -4,6 +4,8 @@
 #include "standin/appkit/color.hpp"
 #include "standin/appkit/font.hpp"
 #include "standin/appkit/paragraph_style.hpp"
+#include "standin/appkit/shadow.hpp"
+#include "standin/appkit/text_attachment.hpp"
 #include "standin/foundation/collections.hpp"
 #include "standin/foundation/number.hpp"
 #include "standin/foundation/string.hpp"
@@ -82,6 +84,10 @@ Style styleOf(NSDictionary* attributes) {
   }
   for (const RealRow& row : realRows) style.*row.member = foundation::doubleOf(foundation::find(attributes, *row.key));
   style.link = linkOf(attributes);
+  if (auto* shadow = typed<NSShadow>(attributes, NSShadowAttributeName)) style.shadow = shadowOf(shadow);
+  if (auto* attachment = typed<NSTextAttachment>(attributes, NSAttachmentAttributeName)) {
+    style.attachment = attachmentValue(attachment);
+  }
   return style;
 }
 
@@ -100,6 +106,10 @@ Owned<NSDictionary> attributesOf(const Style& style) {
     if (const double number = style.*row.member; number != 0) set(*row.key, foundation::newNumber(number));
   }
   if (!style.link.empty()) set(NSLinkAttributeName, linkObject(style.link));
+  if (style.shadow) set(NSShadowAttributeName, newShadow(*style.shadow));
+  if (style.attachment != nullptr) {
+    if (auto attachment = attachmentOf(*style.attachment)) set(NSAttachmentAttributeName, std::move(attachment));
+  }
   return attributes;
 }
 

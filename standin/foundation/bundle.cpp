@@ -28,7 +28,7 @@ std::string nameOf(const Bundle& bundle) {
 // Where a framework and an application keep their code; the first that exists, or nothing.
 std::string executableOf(const Bundle& bundle) {
   for (const char* folder : {"", "/Versions/Current", "/Contents/MacOS"}) {
-    const std::string path = joined(bundle.path + folder, nameOf(bundle));
+    std::string path = joined(bundle.path + folder, nameOf(bundle));
     if (access(path.c_str(), R_OK) == 0 && !isFolder(path)) return path;
   }
   return {};

@@ -35,16 +35,6 @@ constexpr ClassRow rows[] = {
     {"NSSearchField", "NSTextField"},
     {"NSSecureTextField", "NSTextField"},
 
-    // Cells
-    {"NSCell", "NSObject"},
-    {"NSActionCell", "NSCell"},
-    {"NSPathCell", "NSActionCell"},
-    {"NSTextFieldCell", "NSActionCell"},
-    {"NSPathComponentCell", "NSTextFieldCell"},
-    {"NSSearchFieldCell", "NSTextFieldCell"},
-    {"NSSecureTextFieldCell", "NSTextFieldCell"},
-    {"NSTextAttachmentCell", "NSCell"},
-
     // Other parts of the user interface
     {"NSAnimation", "NSObject"},
     {"NSAnimationContext", "NSObject"},
@@ -56,7 +46,6 @@ constexpr ClassRow rows[] = {
     {"NSDraggingImageComponent", "NSObject"},
     {"NSEvent", "NSObject"},
     {"NSFontDescriptor", "NSObject"},
-    {"NSImage", "NSObject"},
     {"NSImageRep", "NSObject"},
     {"NSBitmapImageRep", "NSImageRep"},
     {"NSMenu", "NSObject"},
@@ -67,7 +56,6 @@ constexpr ClassRow rows[] = {
     {"NSPrintOperation", "NSObject"},
     {"NSRunningApplication", "NSObject"},
     {"NSScreen", "NSObject"},
-    {"NSShadow", "NSObject"},
     {"NSSound", "NSObject"},
     {"NSTabViewItem", "NSObject"},
     {"NSTableColumn", "NSObject"},
@@ -75,9 +63,7 @@ constexpr ClassRow rows[] = {
     {"NSToolbarItem", "NSObject"},
 
     // Text
-    {"NSFileWrapper", "NSObject"},
     {"NSLayoutManager", "NSObject"},
-    {"NSTextAttachment", "NSObject"},
     {"NSTextContainer", "NSObject"},
 
     // Foundation

@@ -41,6 +41,7 @@ Owned<NSDictionary> newDictionary(std::span<NSObject* const> keys, std::span<NSO
 Owned<NSDictionary> newDictionary(std::initializer_list<std::pair<NSObject*, NSObject*>> entries);
 Owned<NSMutableDictionary> newMutableDictionary();
 Owned<NSMutableDictionary> newMutableDictionary(NSDictionary* entries);
+void addEntries(NSMutableDictionary* dictionary, NSDictionary* entries);
 void set(NSMutableDictionary* dictionary, NSObject* key, NSObject* value);
 void remove(NSMutableDictionary* dictionary, NSObject* key);
 // The value, not retained; nil when absent or when the dictionary is nil.

@@ -5,6 +5,7 @@
 #include "standin/foundation/property_list_text.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/class_object.hpp"
+#include "standin/runtime/exception.hpp"
 
 namespace standin::foundation {
 namespace {
@@ -42,13 +43,17 @@ NSObject* dictionaryWithObject(Class self, NSObject* value, NSObject* key) {
   return dictionaryWithObjects(self, &value, &key, 1);
 }
 
-void addAll(NSObject* dictionary, NSDictionary* entries) {
+// Bare pointers cannot be retained by another dictionary.
+void addAll(NSObject* dictionary, NSDictionary* entries, const char* selector) {
+  if (entries != nullptr && !tableOf(entries).holdsObjects())
+    raise(NSInvalidArgumentException, describeMethod(dictionary, selector) + ": the entries are bare pointers");
   forEachEntry(entries, [&](NSObject* key, NSObject* value) { tableOf(dictionary).set(key, value); });
 }
 
 NSObject* initWithDictionary(NSObject* self, NSDictionary* entries) {
-  addAll(self, entries);
-  return self;
+  Owned<NSObject> dictionary = adopt(self);
+  addAll(dictionary, entries, "initWithDictionary:");
+  return dictionary.detach();
 }
 
 NSObject* dictionaryWithDictionary(Class self, NSDictionary* entries) {
@@ -84,7 +89,7 @@ NSEnumerator* objectEnumerator(Dictionary& self) {
 }
 
 BOOL isEqualToDictionary(Dictionary& self, NSDictionary* other) {
-  if (other == nullptr || self.table.count() != entryCount(other)) return NO;
+  if (other == nullptr || self.table.count() != entryCount(other) || !tableOf(other).holdsObjects()) return NO;
   size_t position = 0;
   while (const OrderedTable::Entry* entry = self.table.next(position)) {
     NSObject* const value = find(other, entry->key);
@@ -104,7 +109,7 @@ NSString* description(NSObject* self) { return newString(propertyListText(self))
 NSObject* copy(NSObject* self, void*) {
   if (stateOf<Object>(self).isa == immutableDictionaryClass.object()) return retainObject(self);
   Owned<NSObject> copied = create<Dictionary>(immutableDictionaryClass);
-  addAll(copied, static_cast<NSDictionary*>(self));
+  addAll(copied, static_cast<NSDictionary*>(self), "copyWithZone:");
   return copied.detach();
 }
 NSObject* mutableCopy(NSObject* self, void*) { return newMutableDictionary(static_cast<NSDictionary*>(self)).detach(); }
@@ -142,6 +147,10 @@ Owned<NSDictionary> newDictionary(std::initializer_list<std::pair<NSObject*, NSO
   Owned<NSDictionary> dictionary = create<Dictionary, NSDictionary>(immutableDictionaryClass);
   for (const auto& [key, value] : entries) setEntry(dictionary, key, value, "initWithObjects:forKeys:count:");
   return dictionary;
+}
+
+void addEntries(NSMutableDictionary* dictionary, NSDictionary* entries) {
+  if (entries != dictionary) addAll(dictionary, entries, "addEntriesFromDictionary:");
 }
 
 void set(NSMutableDictionary* dictionary, NSObject* key, NSObject* value) {

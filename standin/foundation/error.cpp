@@ -25,9 +25,9 @@ namespace standin::foundation {
 namespace {
 
 struct Error : Object {
-  Owned<NSString> domain;
+  Owned<NSString> domain;  // nil, as the information, in an error that was made with `init` alone
   NSInteger code = 0;
-  Owned<NSDictionary> userInfo;  // never nil once initialised
+  Owned<NSDictionary> userInfo;
 };
 
 struct FileErrorRow {
@@ -44,7 +44,11 @@ constexpr FileErrorRow fileErrors[] = {
     {EACCES, fileReadNoPermission, fileWriteNoPermission, "may not be accessed"},
     {EPERM, fileReadNoPermission, fileWriteNoPermission, "may not be accessed"},
     {ENAMETOOLONG, fileReadInvalidFileName, fileWriteInvalidFileName, "has a name that is too long"},
+    {EILSEQ, fileReadInvalidFileName, fileWriteInvalidFileName, "has a name that no file can have"},
+    {ELOOP, fileReadUnknown, fileWriteUnknown, "is a symbolic link that leads back to itself"},
+    {ESTALE, fileReadUnknown, fileWriteUnknown, "has changed since it was found"},
     {EFBIG, fileReadTooLarge, fileWriteUnknown, "is too large"},
+    {EDQUOT, fileReadUnknown, fileWriteOutOfSpace, "does not fit on the volume"},
     {EEXIST, fileReadUnknown, fileWriteFileExists, "exists already"},
     {ENOSPC, fileReadUnknown, fileWriteOutOfSpace, "does not fit on the volume"},
     {EROFS, fileReadUnknown, fileWriteVolumeReadOnly, "is on a volume that cannot be written"},
@@ -89,13 +93,15 @@ NSString* description(Error& self) {
 
 extern const ClassDefinition errorClass;
 
-BOOL isEqual(Error& self, NSObject* other) {
+BOOL isEqual(NSObject* receiver, NSObject* other) {
+  if (receiver == other) return YES;
   if (!isKindOf(other, errorClass.object())) return NO;
+  const Error& self = stateOf<Error>(receiver);
   const Error& error = stateOf<Error>(other);
   return self.code == error.code && equal(self.domain, error.domain) && NSObject::isEqual(self.userInfo, error.userInfo);
 }
 
-NSUInteger hash(Error& self) { return static_cast<NSUInteger>(self.code) + hashOf(self.domain); }
+NSUInteger hash(Error& self) { return static_cast<NSUInteger>(self.code) + NSObject::hash(self.domain); }
 NSObject* copy(NSObject* self, void*) { return retainObject(self); }
 
 const ClassDefinition errorClass = defineClass<Error>("NSError", "NSObject")

@@ -24,7 +24,7 @@ std::string sameNameIn(const std::string& folder, const std::string& leaf) {
   const std::optional<std::u16string> wanted = decomposedName(leaf);
   std::error_code ignored;
   for (const auto& entry : std::filesystem::directory_iterator(folder, ignored)) {
-    const std::string name = entry.path().filename().string();
+    std::string name = entry.path().filename().string();
     if (!isAscii(name) && decomposedName(name) == wanted) return name;
   }
   return leaf;

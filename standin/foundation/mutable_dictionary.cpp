@@ -28,10 +28,7 @@ void removeObject(NSObject* self, NSObject* key) {
 
 void removeAllObjects(NSObject* self) { tableOf(self).clear(); }
 
-void addEntries(NSObject* self, NSDictionary* entries) {
-  if (entries == self) return;
-  forEachEntry(entries, [&](NSObject* key, NSObject* value) { tableOf(self).set(key, value); });
-}
+void addEntriesFrom(NSObject* self, NSDictionary* entries) { addEntries(dictionary(self), entries); }
 
 const ClassDefinition mutableDictionaryClass = defineClass<Dictionary>("NSMutableDictionary", "NSDictionary")
                                                    .allocatesAs(concreteClass)
@@ -40,7 +37,7 @@ const ClassDefinition mutableDictionaryClass = defineClass<Dictionary>("NSMutabl
                                                    .method<setObject>("setObject:forKey:")
                                                    .method<removeObject>("removeObjectForKey:")
                                                    .method<removeAllObjects>("removeAllObjects")
-                                                   .method<addEntries>("addEntriesFromDictionary:");
+                                                   .method<addEntriesFrom>("addEntriesFromDictionary:");
 
 // Bare pointers are no objects that another collection could take over, compare or describe.
 NSObject* refuse(NSObject* self) {

@@ -46,7 +46,7 @@ void store(Number& number, NumberKind kind, Value value) {
   } else if constexpr (std::is_unsigned_v<Value>) {
     number.natural = value;
   } else {
-    number.integer = value;
+    number.integer = static_cast<long long>(value);
   }
 }
 

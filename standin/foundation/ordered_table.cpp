@@ -120,7 +120,7 @@ void OrderedTable::set(NSObject* key, NSObject* value) {
     retainObject(value);
   }
   if (entries_.size() > scanned && entries_.size() * 2 > index_.size()) {
-    rebuildIndex();
+    removed_ * 4 > entries_.size() ? closeGaps() : rebuildIndex();
   } else if (!index_.empty()) {
     insertIntoIndex(entries_.size() - 1);
   }

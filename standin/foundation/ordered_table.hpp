@@ -27,6 +27,7 @@ class OrderedTable {
   ~OrderedTable() { clear(); }
 
   size_t count() const { return entries_.size() - removed_; }
+  bool holdsObjects() const { return elements_ == Elements::objects; }
   // Nil when the key is absent. Valid until the table changes.
   const Entry* find(NSObject* key) const;
   // Adds the entry, or replaces the value of an equal key and keeps that key and its place.

@@ -90,7 +90,7 @@ void appendSet(std::string& out, NSObject* set, size_t indent) {
 void appendObject(std::string& out, NSObject* object, size_t indent) {
   if (isString(object)) {
     appendText(out, static_cast<NSString*>(object));
-  } else if (isKind(object, "NSDictionary")) {
+  } else if (isKind(object, "NSDictionary") && stateOf<Dictionary>(object).table.holdsObjects()) {
     appendEntries(out, static_cast<NSDictionary*>(object), indent);
   } else if (isKind(object, "NSArray")) {
     appendElements(out, arraySpan(static_cast<NSArray*>(object)), indent);

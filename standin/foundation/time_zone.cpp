@@ -95,7 +95,7 @@ NSTimeZone* timeZoneWithName(Class, NSString* name) {
 }
 
 NSTimeZone* timeZoneForSeconds(Class, NSInteger seconds) {
-  constexpr NSInteger widest = 18 * 3600;
+  constexpr NSInteger widest = 64800;  // 18 hours
   if (seconds < -widest || seconds > widest) return nullptr;
   char name[16] = "GMT";
   const NSInteger minutes = std::abs(seconds) / 60;

@@ -37,21 +37,21 @@ size_t sumOf(Bytes16 lanes) {
   return sum;
 }
 
-bool isZero(Bytes16 lanes) {
+template <class Lanes>
+bool isZero(Lanes lanes) {
   uint64_t halves[2];
+  static_assert(sizeof lanes == sizeof halves);
   std::memcpy(halves, &lanes, sizeof halves);
   return (halves[0] | halves[1]) == 0;
 }
 
 void copySixteen(const uint8_t* in, uint8_t* out) { std::memcpy(out, in, 16); }
 
-// Widens to units by putting a zero byte behind each.
 void copySixteen(const uint8_t* in, char16_t* out) {
-  const Bytes16 bytes = load<Bytes16>(in), zero = {};
-  const Bytes16 halves[2] = {
-      __builtin_shufflevector(bytes, zero, 0, 16, 1, 16, 2, 16, 3, 16, 4, 16, 5, 16, 6, 16, 7, 16),
-      __builtin_shufflevector(bytes, zero, 8, 16, 9, 16, 10, 16, 11, 16, 12, 16, 13, 16, 14, 16, 15, 16)};
-  std::memcpy(out, halves, sizeof halves);
+  for (int half = 0; half < 2; ++half) {
+    const Units8 units = __builtin_convertvector(load<Bytes8>(in + half * 8), Units8);
+    std::memcpy(out + half * 8, &units, sizeof units);
+  }
 }
 
 // How many of the sixteen bytes come before the first that is not ASCII.
@@ -74,27 +74,57 @@ void copyAscii(const uint8_t*& in, const uint8_t* end, Unit*& out, Unit* outEnd)
   while (in != end && *in < 0x80 && out != outEnd) *out++ = *in++;
 }
 
-// Reads one sequence of two to four bytes; 0 when it is not well-formed.
+// A kind of sequence, as its bytes stand in a word: the bits that are fixed, and the code points it may hold.
+struct SequenceKind {
+  ptrdiff_t length;
+  uint32_t mask, pattern;
+  char32_t lowest, highest;
+};
+constexpr SequenceKind twoBytes{2, 0xC0E0, 0x80C0, 0x80, 0x7FF};
+constexpr SequenceKind threeBytes{3, 0xC0C0F0, 0x8080E0, 0x800, 0xFFFF};
+constexpr SequenceKind fourBytes{4, 0xC0C0C0F8, 0x808080F0, 0x10000, 0x10FFFF};
+
+template <const SequenceKind& kind>
+char32_t pointIn(uint32_t word) {
+  if constexpr (kind.length == 2) return (word & 0x1F) << 6 | (word >> 8 & 0x3F);
+  if constexpr (kind.length == 3) return (word & 0x0F) << 12 | (word >> 2 & 0xFC0) | (word >> 16 & 0x3F);
+  return (word & 0x07) << 18 | (word << 4 & 0x3F000) | (word >> 10 & 0xFC0) | (word >> 24 & 0x3F);
+}
+
+// Moves behind the sequence and answers its code point; 0 when it is not well-formed.
+template <const SequenceKind& kind>
+char32_t readKind(const uint8_t*& in, const uint8_t* end, uint32_t word) {
+  if ((word & kind.mask) != kind.pattern || end - in < kind.length) return 0;
+  const char32_t point = pointIn<kind>(word);
+  if (point < kind.lowest || point > kind.highest || (kind.length == 3 && isSurrogate(point))) return 0;
+  in += kind.length;
+  return point;
+}
+
+// The one to three bytes before the end as a word.
+uint32_t lastWord(const uint8_t* in, const uint8_t* end) {
+  uint32_t word = 0;
+  for (int shift = 0; in != end; shift += 8) word |= uint32_t{*in++} << shift;
+  return word;
+}
+
+// Reads one sequence that does not begin with ASCII; 0 when it is not well-formed.
 char32_t readSequence(const uint8_t*& in, const uint8_t* end) {
-  const uint8_t lead = *in;
-  const ptrdiff_t left = end - in;
-  if (lead < 0xE0) {
-    if (lead < 0xC2 || left < 2 || !isContinuation(in[1])) return 0;
-    const char32_t point = static_cast<char32_t>((lead & 0x1F) << 6 | (in[1] & 0x3F));
-    in += 2;
-    return point;
-  }
-  if (lead < 0xF0) {
-    if (left < 3 || !isContinuation(in[1]) || !isContinuation(in[2])) return 0;
-    const char32_t point = static_cast<char32_t>((lead & 0x0F) << 12 | (in[1] & 0x3F) << 6 | (in[2] & 0x3F));
+  const uint32_t word = end - in >= 4 ? load<uint32_t>(in) : lastWord(in, end);
+  if (*in < 0xE0) return readKind<twoBytes>(in, end, word);
+  if (*in < 0xF0) return readKind<threeBytes>(in, end, word);
+  return readKind<fourBytes>(in, end, word);
+}
+
+// Decodes sequences of three bytes as long as they follow one another. Malformed ones are left to `readSequence`.
+void copyThreeByteSequences(const uint8_t*& in, const uint8_t* end, char16_t*& out, char16_t* outEnd) {
+  while (end - in >= 4 && out != outEnd) {
+    const uint32_t word = load<uint32_t>(in);
+    const char32_t point = pointIn<threeBytes>(word);
+    if ((word & threeBytes.mask) != threeBytes.pattern || point < threeBytes.lowest || isSurrogate(point)) return;
+    *out++ = static_cast<char16_t>(point);
     in += 3;
-    return point < 0x800 || isSurrogate(point) ? 0 : point;
   }
-  if (lead > 0xF4 || left < 4 || !isContinuation(in[1]) || !isContinuation(in[2]) || !isContinuation(in[3])) return 0;
-  const char32_t point =
-      static_cast<char32_t>((lead & 0x07) << 18 | (in[1] & 0x3F) << 12 | (in[2] & 0x3F) << 6 | (in[3] & 0x3F));
-  in += 4;
-  return point < 0x10000 || point > 0x10FFFF ? 0 : point;
 }
 
 // The code point at `in`, or a surrogate when it is a lone one. Does not move.
@@ -164,7 +194,7 @@ bool isLatin1(const char16_t* units, size_t count) {
   const char16_t* const end = units + count;
   for (; end - units >= 16; units += 16) {
     const Units8 any = (load<Units8>(units) | load<Units8>(units + 8)) & 0xFF00;
-    if (!isZero(static_cast<Bytes16>(any))) return false;
+    if (!isZero(any)) return false;
   }
   return std::all_of(units, end, [](char16_t unit) { return unit < 0x100; });
 }
@@ -200,6 +230,8 @@ bool decodeUtf8(const uint8_t* bytes, size_t count, char16_t* out, size_t units)
   while (bytes != end) {
     copyAscii(bytes, end, out, outEnd);
     while (bytes != end && *bytes >= 0x80) {
+      if ((*bytes & 0xF0) == 0xE0) copyThreeByteSequences(bytes, end, out, outEnd);
+      if (bytes == end || *bytes < 0x80) break;
       const char32_t point = readSequence(bytes, end);
       if (point == 0 || outEnd - out < (point < 0x10000 ? 1 : 2)) return false;
       if (point < 0x10000) {

@@ -109,7 +109,7 @@ class UnitWriter {
 
   // False when the bytes do not fit.
   bool put(const void* bytes, size_t count) {
-    if (!counting()) {
+    if (!counting() && count != 0) {
       if (room() < count) return false;
       std::memcpy(out_.data() + written_.bytes, bytes, count);
     }

@@ -45,6 +45,12 @@ NSObject* fileURLWithPath(Class self, NSString* path) {
   return newFileURL(utf8Of(path), isFolder(utf8Of(path))).autorelease();
 }
 
+NSObject* initFileURLWithPath(NSObject* self, NSString* path) {
+  const Owned<NSObject> unused = adopt(self);
+  requireArgument(self, "initFileURLWithPath:", path);
+  return newFileURL(utf8Of(path), isFolder(utf8Of(path))).detach();
+}
+
 NSURL* url(NSObject* self) { return static_cast<NSURL*>(self); }
 UrlParts absolute(NSObject* self) { return absoluteParts(url(self)); }
 
@@ -124,6 +130,7 @@ const ClassDefinition urlClass = defineClass<Url>("NSURL", "NSObject")
                                      .classMethod<fileURLWithDirectory>("fileURLWithPath:isDirectory:")
                                      .method<initWithString>("initWithString:")
                                      .method<filled>("initWithString:relativeToURL:")
+                                     .method<initFileURLWithPath>("initFileURLWithPath:")
                                      .method<absoluteString>("absoluteString")
                                      .method<relativeString>("relativeString")
                                      .method<absoluteURL>("absoluteURL")

@@ -9,10 +9,13 @@
 namespace standin::text {
 namespace {
 
+// The empty set is never freed: its count begins high enough.
+constexpr uint32_t immortalCount = 1U << 30;
+uint32_t countOfEmptySet[] = {immortalCount};
+
 AttributeFunctions functions;
 
 struct Entry {
-  uint32_t references = 0;
   uint32_t generation = 0;  // how many sets the entry has held before: what a remembered handle is checked by
   size_t hash = 0;
   std::vector<Attribute> attributes;  // retained, in the order of their keys
@@ -27,16 +30,25 @@ struct Remembered {
   AttributeObject key = nullptr, value = nullptr;
 };
 
-struct Table {
-  std::vector<Entry> entries{Entry{1, 0, 0, {}, nullptr}};  // entry 0 is the empty set, which is never freed
+}  // namespace
+
+struct AttributeTable {
+  std::vector<uint32_t> references{immortalCount};
+  std::vector<Entry> entries{Entry()};  // entry 0 is the empty set
   std::vector<AttributeHandle> vacant;
   std::unordered_multimap<size_t, AttributeHandle> byHash;
   std::array<Remembered, 1024> remembered;
+
+  AttributeHandle vacantEntry();
 };
 
+uint32_t* AttributeSet::references_ = countOfEmptySet;
+
+namespace {
+
 // Never taken down, since objects that live to the end of the process may hold sets.
-Table& table() {
-  static Table* const sets = new Table;
+AttributeTable& table() {
+  static AttributeTable* const sets = new AttributeTable;
   return *sets;
 }
 
@@ -63,20 +75,10 @@ bool matches(const Entry& entry, std::span<const Attribute> attributes) {
                     });
 }
 
-AttributeHandle vacantEntry(Table& sets) {
-  if (sets.vacant.empty()) {
-    sets.entries.emplace_back();
-    return static_cast<AttributeHandle>(sets.entries.size() - 1);
-  }
-  const AttributeHandle handle = sets.vacant.back();
-  sets.vacant.pop_back();
-  return handle;
-}
-
 // The set of these attributes, which are in order and of which no two keys are equal.
 AttributeSet intern(std::span<const Attribute> ordered) {
   if (ordered.empty()) return {};
-  Table& sets = table();
+  AttributeTable& sets = table();
   const size_t hash = hashOf(ordered);
   const auto [first, last] = sets.byHash.equal_range(hash);
   for (auto candidate = first; candidate != last; ++candidate) {
@@ -87,31 +89,12 @@ AttributeSet intern(std::span<const Attribute> ordered) {
   for (const Attribute& attribute : ordered) {
     held.push_back({functions.copyKey(attribute.key), functions.retain(attribute.value)});
   }
-  const AttributeHandle handle = vacantEntry(sets);
+  const AttributeHandle handle = sets.vacantEntry();
   Entry& entry = sets.entries[handle];
   entry.hash = hash;
   entry.attributes = std::move(held);
   sets.byHash.emplace(hash, handle);
   return AttributeSet(handle);
-}
-
-// Takes the entry out of the table before any object is released, since that may come back here.
-void freeEntry(AttributeHandle handle) {
-  Table& sets = table();
-  Entry& entry = sets.entries[handle];
-  auto [found, last] = sets.byHash.equal_range(entry.hash);
-  while (found != last && found->second != handle) ++found;
-  if (found != last) sets.byHash.erase(found);
-  const std::vector<Attribute> attributes = std::move(entry.attributes);
-  const AttributeObject companion = std::exchange(entry.companion, nullptr);
-  entry.attributes.clear();
-  ++entry.generation;
-  sets.vacant.push_back(handle);
-  if (companion != nullptr) functions.release(companion);
-  for (const Attribute& attribute : attributes) {
-    functions.release(attribute.key);
-    functions.release(attribute.value);
-  }
 }
 
 const Attribute* findIn(std::span<const Attribute> attributes, AttributeObject key) {
@@ -165,12 +148,36 @@ std::vector<Attribute> listOf(std::span<const Attribute> attributes) { return {a
 
 void installAttributeFunctions(const AttributeFunctions& installed) { functions = installed; }
 
-void AttributeSet::retain(AttributeHandle handle) {
-  if (handle != 0) ++table().entries[handle].references;
+AttributeHandle AttributeTable::vacantEntry() {
+  if (!vacant.empty()) {
+    const AttributeHandle handle = vacant.back();
+    vacant.pop_back();
+    return handle;
+  }
+  entries.emplace_back();
+  references.push_back(0);
+  if (entries.size() == 2) references[0] = countOfEmptySet[0];
+  AttributeSet::references_ = references.data();
+  return static_cast<AttributeHandle>(entries.size() - 1);
 }
 
-void AttributeSet::release(AttributeHandle handle) {
-  if (handle != 0 && --table().entries[handle].references == 0) freeEntry(handle);
+// Takes the entry out of the table before any object is released, since that may come back here.
+void AttributeSet::freeSet(AttributeHandle handle) {
+  AttributeTable& sets = table();
+  Entry& entry = sets.entries[handle];
+  auto [found, last] = sets.byHash.equal_range(entry.hash);
+  while (found != last && found->second != handle) ++found;
+  if (found != last) sets.byHash.erase(found);
+  const std::vector<Attribute> attributes = std::move(entry.attributes);
+  const AttributeObject companion = std::exchange(entry.companion, nullptr);
+  entry.attributes.clear();
+  ++entry.generation;
+  sets.vacant.push_back(handle);
+  if (companion != nullptr) functions.release(companion);
+  for (const Attribute& attribute : attributes) {
+    functions.release(attribute.key);
+    functions.release(attribute.value);
+  }
 }
 
 size_t AttributeSet::living() { return table().byHash.size(); }

@@ -63,12 +63,20 @@ class AttributeSet {
   void setCompanion(AttributeObject object) const;
 
   // For what stores handles.
-  static void retain(AttributeHandle handle);
-  static void release(AttributeHandle handle);
+  static void retain(AttributeHandle handle) { ++references_[handle]; }
+  static void release(AttributeHandle handle) {
+    if (--references_[handle] == 0) freeSet(handle);
+  }
   // Sets alive that have attributes.
   static size_t living();
 
  private:
+  friend struct AttributeTable;
+  static void freeSet(AttributeHandle handle);
+
+  // The counts of all sets, by handle, apart from the rest of the table: they are what editing runs touches.
+  static uint32_t* references_;
+
   AttributeHandle handle_ = 0;
 };
 

@@ -10,7 +10,9 @@ namespace standin::text {
 namespace {
 
 // What an edit that outgrows its buffer reserves, so that repeated appending stays linear.
-uint32_t roomFor(uint32_t size) { return static_cast<uint32_t>(std::min<uint64_t>(uint64_t{size} + size / 4 + 16, UINT32_MAX)); }
+uint32_t roomFor(uint32_t size) {
+  return static_cast<uint32_t>(std::min<uint64_t>(uint64_t{size} + size / 4 + 16, UINT32_MAX));
+}
 
 size_t widthOf(bool isWide) { return isWide ? sizeof(char16_t) : sizeof(uint8_t); }
 

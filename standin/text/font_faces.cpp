@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <span>
 
 namespace standin::text {
@@ -111,6 +112,15 @@ Font font(const Family& family, const Face& face, double size) {
   return {std::string(family.name), std::string(face.name), face.traits, face.weight, size};
 }
 
+Font unlistedFace(std::string_view family, uint64_t traits, double size) {
+  std::string name;
+  std::copy_if(family.begin(), family.end(), std::back_inserter(name), [](char letter) { return letter != ' '; });
+  if (traits != 0) name += '-';
+  if ((traits & boldTrait) != 0) name += "Bold";
+  if ((traits & italicTrait) != 0) name += "Italic";
+  return {std::string(family), name, traits, (traits & boldTrait) != 0 ? heavy : regular, size};
+}
+
 }  // namespace
 
 std::optional<Font> fontNamed(std::string_view name, double size) {
@@ -146,6 +156,16 @@ std::optional<std::string_view> familyNamed(std::string_view name) {
     }
   }
   return std::nullopt;
+}
+
+Font fontMeant(std::string_view name, uint64_t traits, double size) {
+  if (const auto named = fontNamed(name, size)) traits |= named->traits & (bold | italic);
+  const auto family = familyNamed(name);
+  if (!family) return unlistedFace(name, traits, size);
+  for (const uint64_t wanted : {traits, traits & bold, uint64_t{0}}) {
+    if (const auto face = fontInFamily(*family, wanted, regular, size)) return *face;
+  }
+  return unlistedFace(name, traits, size);
 }
 
 std::vector<std::string_view> familyNames() {

@@ -19,6 +19,10 @@ std::optional<Font> fontInFamily(std::string_view family, uint64_t traits, int w
 // The family whose faces documents mean by this name: a family or a face name.
 std::optional<std::string_view> familyNamed(std::string_view name);
 
+// The face that is meant by a family or a face name and the bold and italic traits beside it. A family that the table lacks
+// keeps its name, and has every face.
+Font fontMeant(std::string_view name, uint64_t traits, double size);
+
 std::vector<std::string_view> familyNames();
 
 }  // namespace standin::text

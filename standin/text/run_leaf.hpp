@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -45,6 +46,10 @@ class RunLeaf : public TreeNode {
     return sum;
   }
 
+  // In steps, so that a leaf that grows does not take the room of a full one at once.
+  static uint32_t roomFor(uint32_t runs) {
+    return std::min(runs < 16 ? std::bit_ceil(runs) : (runs + 15) / 16 * 16, capacity);
+  }
   static RunLeaf* make(uint32_t room) {
     void* memory = std::malloc(sizeof(RunLeaf) + room * bytesPerRun);
     if (memory == nullptr) throw std::bad_alloc();
@@ -84,6 +89,9 @@ class RunLeaf : public TreeNode {
     RunSum ignored{0};
     replace({count_, 0}, runs, ignored);
   }
+
+  // Makes the run that holds the unit longer or, modulo 2^32, shorter.
+  void adjust(uint32_t unit, const RunSum& change) { writableLengths()[find(unit).index] += change.units; }
 
   // Sets are released last: that may free objects, which may hold styled text of their own.
   void replace(Extent extent, const RunSpan& runs, RunSum& sum) {

@@ -31,25 +31,27 @@ class BasicRuns {
     Cursor(const BasicRuns& runs, uint32_t position) : tree_(&runs.tree_) { seek(position); }
 
     uint32_t start() const { return start_; }
-    uint32_t length() const { return leaf_->lengths()[index_]; }
+    uint32_t length() const { return leaf().lengths()[index_]; }
     uint32_t end() const { return start_ + length(); }
-    AttributeHandle attributes() const { return leaf_->handles()[index_]; }
+    AttributeHandle attributes() const { return leaf().handles()[index_]; }
     RunPlace place() const { return {start_, length(), attributes()}; }
     bool isFirst() const { return start_ == 0; }
     bool isLast() const { return end() == tree_->sum().units; }
     // To the run behind or before; there must be one.
-    void next() { index_ + 1 < leaf_->count() ? stepInLeaf() : seek(end()); }
+    void next() { index_ + 1 < leaf().count() ? stepInLeaf() : stepToLeaf(); }
     void previous();
     // To the run that holds a position at or behind this run.
     void advanceTo(uint32_t position);
 
    private:
+    const Leaf& leaf() const { return *place_.leaf; }
     void seek(uint32_t position);
-    void stepInLeaf() { start_ += leaf_->lengths()[index_++]; }
+    void stepInLeaf() { start_ += leaf().lengths()[index_++]; }
+    void stepToLeaf();
 
     const Tree* tree_;
-    const Leaf* leaf_;
-    uint32_t index_;
+    typename Tree::Place place_;
+    uint32_t index_;  // of the run in its leaf
     uint32_t start_;
   };
 
@@ -74,8 +76,9 @@ class BasicRuns {
   size_t bytesHeld() const { return tree_.bytesHeld(); }
 
  private:
+  Cursor cursorBefore(uint32_t position) const { return Cursor(*this, position > 0 ? position - 1 : 0); }
   template <class Middle>
-  void edit(uint32_t from, uint32_t removed, Middle&& middle);
+  void edit(Cursor before, uint32_t from, uint32_t removed, Middle&& middle);
   // False, with the list unfinished, when the range holds more runs than go into one leaf.
   bool gather(uint32_t from, uint32_t count, RunList& list) const;
   void append(const BasicRuns& other);
@@ -89,22 +92,28 @@ using Runs = BasicRuns<64, 16>;
 
 template <uint32_t leafCapacity, uint32_t fanOut>
 void BasicRuns<leafCapacity, fanOut>::Cursor::seek(uint32_t position) {
-  const auto place = tree_->find(position);
-  const auto found = place.leaf->find(position - place.before.units);
-  leaf_ = place.leaf;
+  place_ = tree_->find(position);
+  const auto found = leaf().find(position - place_.before.units);
   index_ = found.index;
-  start_ = place.before.units + found.before;
+  start_ = place_.before.units + found.before;
+}
+
+template <uint32_t leafCapacity, uint32_t fanOut>
+void BasicRuns<leafCapacity, fanOut>::Cursor::stepToLeaf() {
+  place_ = tree_->next(place_);
+  index_ = 0;
+  start_ = place_.before.units;
 }
 
 template <uint32_t leafCapacity, uint32_t fanOut>
 void BasicRuns<leafCapacity, fanOut>::Cursor::previous() {
   if (index_ == 0) return seek(start_ - 1);
-  start_ -= leaf_->lengths()[--index_];
+  start_ -= leaf().lengths()[--index_];
 }
 
 template <uint32_t leafCapacity, uint32_t fanOut>
 void BasicRuns<leafCapacity, fanOut>::Cursor::advanceTo(uint32_t position) {
-  while (position >= end() && index_ + 1 < leaf_->count()) stepInLeaf();
+  while (position >= end() && index_ + 1 < leaf().count()) stepInLeaf();
   if (position >= end() && !isLast()) seek(position);
 }
 
@@ -131,15 +140,15 @@ class RestyledSets {
     bool isKnown = false;
   };
   Restyled& restyled_;
-  std::array<Slot, 16> slots_;
+  std::array<Slot, 8> slots_;
 };
 
 // Replaces a window of whole runs that reaches to the runs on both sides of the edit, so that merging inside the window
-// leaves no equal neighbours anywhere. middle(list, cursor) adds what comes between what stays of the runs at its ends.
+// leaves no equal neighbours anywhere. The cursor is at the run before the edit; middle(list, cursor) adds what comes
+// between what stays of the runs at its ends.
 template <uint32_t leafCapacity, uint32_t fanOut>
 template <class Middle>
-void BasicRuns<leafCapacity, fanOut>::edit(uint32_t from, uint32_t removed, Middle&& middle) {
-  Cursor cursor(*this, from > 0 ? from - 1 : 0);
+void BasicRuns<leafCapacity, fanOut>::edit(Cursor cursor, uint32_t from, uint32_t removed, Middle&& middle) {
   RunList list;
   const uint32_t start = from > 0 ? cursor.start() : 0;
   if (from > 0) list.add(from - start, cursor.attributes());
@@ -161,8 +170,14 @@ void BasicRuns<leafCapacity, fanOut>::splice(uint32_t from, uint32_t removed, ui
     RunList list;
     list.add(inserted, attributes.handle());
     tree_ = Tree::load(list.runs());
+    return;
+  }
+  const Cursor run = cursorBefore(from);
+  const bool keepsAttributes = inserted == 0 || run.attributes() == attributes.handle();
+  if (keepsAttributes && from + removed <= run.end() && removed < run.length()) {
+    tree_.adjust(run.start(), {inserted - removed});
   } else {
-    edit(from, removed, [&](RunList& list, Cursor&) { list.add(inserted, attributes.handle()); });
+    edit(run, from, removed, [&](RunList& list, Cursor&) { list.add(inserted, attributes.handle()); });
   }
 }
 
@@ -172,7 +187,7 @@ void BasicRuns<leafCapacity, fanOut>::splice(uint32_t from, uint32_t removed, co
   if (tree_.empty()) {
     *this = inserted;
   } else if (inserted.gather(0, inserted.length(), list)) {
-    edit(from, removed, [&](RunList& target, Cursor&) {
+    edit(cursorBefore(from), from, removed, [&](RunList& target, Cursor&) {
       const RunSpan runs = list.runs();
       for (uint32_t index = 0; index < runs.count; ++index) target.add(runs.lengths[index], runs.handles[index]);
     });
@@ -188,7 +203,7 @@ template <uint32_t leafCapacity, uint32_t fanOut>
 template <class Restyled>
 void BasicRuns<leafCapacity, fanOut>::restyle(uint32_t from, uint32_t count, Restyled&& restyled) {
   if (count == 0) return;
-  edit(from, count, [&](RunList& list, Cursor& cursor) {
+  edit(cursorBefore(from), from, count, [&](RunList& list, Cursor& cursor) {
     RestyledSets sets(restyled);
     cursor.advanceTo(from);
     for (uint32_t at = from, to = from + count;; cursor.next()) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "standin/text/attachment.hpp"
+
 namespace standin::text {
 
 // The platform's font traits, as bits.
@@ -79,6 +81,14 @@ struct Paragraph {
   auto operator<=>(const Paragraph&) const = default;
 };
 
+struct Shadow {
+  double offsetX = 0, offsetY = 0;  // points to the right and up
+  double blurRadius = 0;            // points
+  std::optional<Color> color;       // absent: no shadow is drawn
+
+  bool operator==(const Shadow&) const = default;
+};
+
 // Attributes that formats carry. An absent optional, a zero or an empty text is an attribute that is not set.
 struct Style {
   std::optional<Font> font;
@@ -88,6 +98,8 @@ struct Style {
   int superscript = 0;    // levels up, or down when negative
   double baselineOffset = 0, kern = 0, expansion = 0, strokeWidth = 0;
   std::u16string link;  // the target as text
+  std::optional<Shadow> shadow;
+  std::shared_ptr<const Attachment> attachment;
   Paragraph paragraph;
 
   bool operator==(const Style&) const = default;

@@ -6,10 +6,12 @@
 //   capacity                   the most entries that a leaf holds
 //   static countOf, sumOf, slice(content, from, count)
 //   static make(room), destroy a leaf with room for that many entries, empty
+//   static roomFor(entries)    the room to give to a leaf of so many that is being edited
 //   count(), content(), append(content)
 //   hasRoom(entries)           the leaf can be edited in place to hold so many
 //   extent(from, removed)      the entries that cover these units
 //   replace(extent, content, sum&)   in place; brings the sum of the leaf up to date
+//   adjust(unit, change)       if the tree's `adjust` is used: the entry that holds the unit grows by the sum
 //
 // Shape: every branch has 1 to fanOut children of equal height, no leaf is empty, and of two neighbouring children at least
 // one is more than a quarter full. Nodes are edited in place when this tree alone holds them, and copied when not.
@@ -30,6 +32,8 @@ struct Extent {
 
 template <class Leaf, uint32_t fanOut = 16>
 class SummedTree {
+  struct Branch;
+
  public:
   using Sum = typename Leaf::Sum;
   using Content = typename Leaf::Content;
@@ -37,6 +41,8 @@ class SummedTree {
   struct Place {
     const Leaf* leaf;
     Sum before;
+    const Branch* parent;  // nil above a root
+    uint32_t child;
   };
 
   SummedTree() = default;
@@ -52,6 +58,11 @@ class SummedTree {
   // The same along another member of the sum: the leaf that holds its element number `index`.
   Place findBy(uint32_t Sum::*measure, uint32_t index) const;
 
+  // The leaf behind; there must be one.
+  Place next(const Place& place) const;
+
+  // Changes one entry: the one that holds the unit at the position grows, or modulo 2^32 shrinks, by the change.
+  void adjust(uint32_t position, const Sum& change);
   void replace(uint32_t from, uint32_t removed, const Content& inserted);
   void splice(uint32_t from, uint32_t removed, const SummedTree& inserted);
   SummedTree slice(uint32_t from, uint32_t count) const;

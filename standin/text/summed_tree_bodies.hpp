@@ -8,6 +8,7 @@
 #define TREE_TEMPLATE template <class Leaf, uint32_t fanOut>
 #define TREE SummedTree<Leaf, fanOut>
 
+// NOLINTBEGIN(clang-analyzer-*): as for NodeReference.
 namespace standin::text {
 
 // Finding.
@@ -16,14 +17,26 @@ TREE_TEMPLATE
 auto TREE::findBy(uint32_t Sum::*measure, uint32_t index) const -> Place {
   Sum before{};
   const TreeNode* node = root_.get();
+  const Branch* parent = nullptr;
+  uint32_t child = 0;
   while (node->height > 0) {
-    const auto& branch = *static_cast<const Branch*>(node);
-    uint32_t child = 0;
-    while (child + 1 < branch.count && index - before.*measure >= branch.sums[child].*measure)
-      before += branch.sums[child++];
-    node = branch.children[child].get();
+    parent = static_cast<const Branch*>(node);
+    child = 0;
+    while (child + 1 < parent->count && index - before.*measure >= parent->sums[child].*measure) {
+      before += parent->sums[child++];
+    }
+    node = parent->children[child].get();
   }
-  return {static_cast<const Leaf*>(node), before};
+  return {static_cast<const Leaf*>(node), before, parent, child};
+}
+
+TREE_TEMPLATE
+auto TREE::next(const Place& place) const -> Place {
+  Sum before = place.before;
+  before += place.parent->sums[place.child];
+  const uint32_t child = place.child + 1;
+  if (child == place.parent->count) return find(before.units);
+  return {static_cast<const Leaf*>(place.parent->children[child].get()), before, place.parent, child};
 }
 
 // Nodes.
@@ -67,8 +80,7 @@ TREE_TEMPLATE
 auto TREE::writableLeaf(Reference& node, uint32_t entries) -> Leaf& {
   Leaf& leaf = leafOf(node.get());
   if (node.isUnique() && leaf.hasRoom(entries)) return leaf;
-  const uint32_t count = leaf.count();
-  Leaf* copy = Leaf::make(entries > count ? std::min(entries * 2, Leaf::capacity) : count);
+  Leaf* copy = Leaf::make(std::max(Leaf::roomFor(entries), leaf.count()));
   copy->append(leaf.content());
   node = Reference::adopt(copy);
   return *copy;
@@ -107,7 +119,7 @@ auto TREE::load(const Content& content) -> SummedTree {
     const auto from = static_cast<uint32_t>(uint64_t{count} * leaf / leaves);
     const auto end = static_cast<uint32_t>(uint64_t{count} * (leaf + 1) / leaves);
     const Content part = Leaf::slice(content, from, end - from);
-    Leaf* made = Leaf::make(leaves == 1 ? count : Leaf::capacity);
+    Leaf* made = Leaf::make(end - from);
     level.push_back(Piece{Reference::adopt(made), Leaf::sumOf(part)});
     made->append(part);
   }
@@ -148,6 +160,22 @@ void TREE::replace(uint32_t from, uint32_t removed, const Content& inserted) {
 }
 
 TREE_TEMPLATE
+void TREE::adjust(uint32_t position, const Sum& change) {
+  Reference* node = &root_;
+  Sum* sum = &total_;
+  while ((*node)->height > 0) {
+    *sum += change;
+    Branch& branch = writableBranch(*node);
+    uint32_t child = 0;
+    while (child + 1 < branch.count && position >= branch.sums[child].units) position -= branch.sums[child++].units;
+    node = &branch.children[child];
+    sum = &branch.sums[child];
+  }
+  *sum += change;
+  writableLeaf(*node, leafOf(node->get()).count()).adjust(position, change);
+}
+
+TREE_TEMPLATE
 void TREE::edit(Reference& node, Sum& sum, uint32_t from, uint32_t removed, const Content& inserted, Piece& overflow) {
   if (node->height == 0) {
     editLeaf(node, sum, from, removed, inserted, overflow);
@@ -184,8 +212,8 @@ void TREE::splitLeaf(Reference& node, Sum& sum, Extent extent, const Content& in
   const bool atEnd = end == Leaf::countOf(whole) && extent.first > Leaf::capacity / 2;
   uint32_t room = atEnd ? extent.first : total / 2;
 
-  Piece left{Reference::adopt(Leaf::make(Leaf::capacity))};
-  overflow.node = Reference::adopt(Leaf::make(Leaf::capacity));
+  Piece left{Reference::adopt(Leaf::make(Leaf::roomFor(room)))};
+  overflow.node = Reference::adopt(Leaf::make(Leaf::roomFor(total - room)));
   overflow.sum = {};
   for (const Content& part : parts) {
     const uint32_t count = Leaf::countOf(part);
@@ -424,6 +452,7 @@ size_t TREE::bytesHeld(const Reference& node) {
 }
 
 }  // namespace standin::text
+// NOLINTEND(clang-analyzer-*)
 
 #undef TREE
 #undef TREE_TEMPLATE

@@ -1,6 +1,7 @@
 // The leaf of a tree of text: some units in a buffer of their own, as bytes while all of them are Latin-1.
 #pragma once
 
+#include "standin/text/attachment.hpp"
 #include "standin/text/flat_text.hpp"
 #include "standin/text/summed_tree.hpp"
 
@@ -16,8 +17,6 @@ struct TextSum {
 
 // The unit ends a paragraph, alone or as one of a pair: line feed, carriage return, paragraph separator.
 constexpr bool isParagraphBreak(char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == u'\u2029'; }
-// The unit that stands for an attachment.
-inline constexpr char16_t attachmentCharacter = 0xFFFC;
 
 TextSum sumOfUnits(UnitSpan units);
 
@@ -31,6 +30,7 @@ class TextLeaf : public TreeNode {
   static uint32_t countOf(const UnitSpan& units) { return units.size(); }
   static UnitSpan slice(const UnitSpan& units, uint32_t from, uint32_t count) { return units.slice(from, count); }
   static TextSum sumOf(const UnitSpan& units) { return sumOfUnits(units); }
+  static uint32_t roomFor(uint32_t units) { return units; }
   static TextLeaf* make(uint32_t) { return new TextLeaf; }
   static void destroy(TextLeaf* leaf) { delete leaf; }
 

@@ -82,6 +82,33 @@ TEST_F(FilesTest, AreMadeReadAndDeleted) {
   EXPECT_EQ(pathOf(makeFolderItem(folder_.string() + "/a/../b/")), (folder_ / "b").string());
 }
 
+TEST_F(FilesTest, FoldersAreMadeAndCopied) {
+  const HostOwned<HostObject> folder = item("folder"), copy = item("copy");
+  call(folder, "CreateAsFolder");
+  EXPECT_TRUE(toBoolean(read(folder, "IsFolder")));
+  const Value file = call(folder, "Child", {Value::string("a")});
+  call(file.asObject(), "WriteBytes", {Value::string("1")});
+  call(folder, "CopyTo", {Value::object(copy)});
+  EXPECT_EQ(toUtf8(call(call(copy, "Child", {Value::string("a")}).asObject(), "ReadBytes")), "1");
+  EXPECT_EQ(toInteger(read(copy, "Count")), 1);
+  const struct {
+    const char* what;
+    std::string exception;
+    const char* expected;
+  } cases[] = {
+      {"reading a folder", thrownBy([&] { call(folder, "ReadBytes"); }), "IOException"},
+      {"writing a folder", thrownBy([&] { call(folder, "WriteBytes", {Value::string("1")}); }), "IOException"},
+      {"deleting a full folder", thrownBy([&] { call(folder, "Delete"); }), "IOException"},
+      {"a folder in the place of a file", thrownBy([&] { call(file.asObject(), "CreateAsFolder"); }), "IOException"},
+      {"a folder in no folder", thrownBy([&] { call(item("no/x"), "CreateAsFolder"); }), "IOException"},
+      {"a name that is a path", thrownBy([&] { call(folder, "Child", {Value::string("a/b")}); }),
+       "InvalidArgumentException"},
+      {"no path", thrownBy([&] { call(folder, "Constructor", {Value()}); }), "InvalidArgumentException"},
+      {"no destination", thrownBy([&] { call(folder, "CopyTo", {Value()}); }), "NilObjectException"},
+  };
+  for (const auto& each : cases) EXPECT_EQ(each.exception.substr(0, each.exception.find(':')), each.expected) << each.what;
+}
+
 TEST_F(FilesTest, AreFoundHoweverTheirNamesAreSpelled) {
   const char *composed = "\xC3\xA9t\xC3\xA9.txt", *decomposed = "e\xCC\x81te\xCC\x81.txt";
   for (const char* spelling : {composed, decomposed}) {

@@ -33,6 +33,7 @@ TEST(Language, Operators) {
       {"Print &h8000000000000000 \\ -1, &h8000000000000000 Mod -1", "-9223372036854775808 0\n"},
       {"Print Nil = Nil, Nil = 0, Nil Is Nil", "True False True\n"},
       {"Print &c00FF00 = 65280", "True\n"},
+      {"Dim v As Variant = 3\nPrint v = \"3\", v <> True, v = 3.0", "False True True\n"},
   });
 }
 

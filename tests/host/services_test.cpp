@@ -98,6 +98,84 @@ TEST_F(ServicesTest, ArrayElementsAreTheReceivers) {
   EXPECT_EQ(service<HostObject*(int32_t, int64_t)>("RuntimeArrayCreateSingleDimBoundedArray")(99, 0), nullptr);
 }
 
+template <class Result>
+Result elementOf(const char* getterService, HostObject* array, int64_t index) {
+  return service<Result (*(HostObject*))(HostObject*, int64_t)>(getterService)(array)(array, index);
+}
+
+TEST_F(ServicesTest, ArraysOfEveryKindHaveAGetter) {
+  const auto arrayOf = [](const char* type) {
+    HostOwned<HostObject> array = makeArray(typeNamed(type), 1);
+    setElement(array, 1, Value::string("1"));
+    return array;
+  };
+  EXPECT_EQ(elementOf<int64_t>("PluginIntegerArrayGetProc", arrayOf("Int32"), 1), 1);
+  EXPECT_EQ(elementOf<int64_t>("PluginInt64ArrayGetProc", arrayOf("Integer"), 1), 1);
+  EXPECT_EQ(elementOf<float>("PluginSingleArrayGetProc", arrayOf("Single"), 1), 1);
+  EXPECT_EQ(elementOf<double>("PluginDoubleArrayGetProc", arrayOf("Double"), 1), 1);
+  EXPECT_TRUE(elementOf<bool>("PluginBooleanArrayGetProc", arrayOf("Boolean"), 1));
+  const HostOwned<HostObject> strings = arrayOf("String"), texts = arrayOf("Text");
+  EXPECT_EQ(bytesOf(adopt(elementOf<HostString*>("PluginStringArrayGetProc", strings, 1))), "1");
+  EXPECT_EQ(elementOf<HostString*>("PluginStringArrayGetProc", strings, 0), nullptr);
+  EXPECT_EQ(bytesOf(adopt(elementOf<HostText*>("PluginTextArrayGetProc", texts, 1))), "1");
+  EXPECT_EQ(thrownBy([&] { elementOf<HostText*>("PluginTextArrayGetProc", texts, 2); }),
+            "OutOfBoundsException: Index 2 is not in 0 to 1.");
+  const HostOwned<HostObject> block = makeMemoryBlock("x");
+  EXPECT_EQ(service<void*(HostObject*)>("PluginObjectArrayGetProc")(block), nullptr);
+  EXPECT_EQ(service<int64_t(HostObject*)>("RuntimeUBound")(block), -1);
+}
+
+TEST_F(ServicesTest, MemoryBlocksAreMadeAndMeasured) {
+  const auto make = service<HostObject*(int32_t)>("newMemoryBlock");
+  const auto address = service<void*(HostObject*)>("memoryBlockGetPtr");
+  const auto size = service<int64_t(HostObject*)>("memoryBlockGetSize");
+  EXPECT_EQ(make(-1), nullptr);
+  const HostOwned<HostObject> block = adopt(make(5)), date = makeDate({2000, 1, 1, 0, 0, 0});
+  EXPECT_EQ(size(block), 5);
+  std::memcpy(address(block), "hello", 5);
+  const auto convert = reinterpret_cast<void* (*)(HostObject*)>(method(block, "Operator_Convert() As Ptr"));
+  EXPECT_EQ(convert(block), address(block));
+  EXPECT_EQ(toUtf8(call(block, "StringValue", {Value::integer(0), Value::integer(5)})), "hello");
+  EXPECT_EQ(address(date), nullptr);
+  EXPECT_EQ(size(nullptr), 0);
+}
+
+TEST_F(ServicesTest, TextsTravelAsVariantsAndPlatformStrings) {
+  const AutoreleasePool pool;
+  const HostOwned<HostText> text = HostText::make("d\xC3\xA9j\xC3\xA0");
+  const HostOwned<HostObject> variant = adopt(service<HostObject*(HostText*)>("PluginNewVariantText")(text));
+  EXPECT_EQ(show(unboxed(variant)), "Text d\xC3\xA9j\xC3\xA0");
+  EXPECT_EQ(text->references, 2);
+  const Owned<NSString> copy = adopt(service<CFStringRef(HostText*)>("PluginCopyTextCFString")(text));
+  EXPECT_EQ(NSString::length(copy), 4U);
+}
+
+TEST_F(ServicesTest, WhatIsAliveIsCountedAndDescribed) {
+  const LiveCounts before = runtime.live();
+  const HostOwned<HostObject> date = makeDate({2000, 1, 1, 0, 0, 0}), again = date;
+  const HostOwned<HostString> string = HostString::make(std::string(70, 'x'));
+  EXPECT_EQ(runtime.live(), (LiveCounts{before.objects + 1, before.strings + 1, before.texts}));
+  const std::string described = runtime.describeLive(1'000'000);
+  EXPECT_NE(described.find("Date #" + std::to_string(date->serial) + ", 2 references\n"), std::string::npos);
+  EXPECT_NE(described.find("string \"" + std::string(60, 'x') + "...\", 1 reference\n"), std::string::npos);
+}
+
+TEST_F(ServicesTest, ExceptionsCarryMessageAndNumber) {
+  for (const char* name : {"OutOfBoundsException", "OutOfMemoryException", "IllegalCastException", "NilObjectException",
+                           "TypeMismatchException", "KeyNotFoundException", "IOException", "StackOverflowException"}) {
+    const HostOwned<HostObject> exception = runtime.newInstance(name);
+    ASSERT_TRUE(isA(exception, runtime.findClass("RuntimeException"))) << name;
+    const HostOwned<HostString> message = HostString::make("why");
+    service<bool(HostObject*, const char*, HostString*)>("REALSetPropValueString")(exception, "Message", message);
+    service<bool(HostObject*, const char*, int64_t)>("REALSetPropValueInteger")(exception, "ErrorNumber", 12);
+    EXPECT_EQ(HostException(exception).message(), "why");
+    EXPECT_EQ(HostException(exception).errorNumber(), 12);
+    service<bool(HostObject*, const char*, HostString*)>("REALSetPropValueString")(exception, "Message", nullptr);
+    EXPECT_EQ(HostException(exception).message(), "");
+  }
+  EXPECT_EQ(makeException("Date", "no exception class")->type->name(), "RuntimeException");
+}
+
 TEST_F(ServicesTest, StringsBecomePlatformStrings) {
   const struct {
     std::string bytes;

@@ -116,6 +116,23 @@ TEST_F(SiblingsTest, FontsAndColoursAreMadeAndRead) {
   EXPECT_EQ(thrownBy([&] { read(grey.asObject(), "greenComponent"); }).substr(0, 14), "NSExceptionZKT");
 }
 
+TEST_F(SiblingsTest, ParagraphStylesChangeOnlyWhenMutable) {
+  const Value fixed = shared("NSParagraphStyleZKT", "defaultParagraphStyle");
+  EXPECT_TRUE(fixed.asObject()->type->findProperty("alignment")->isReadOnly());
+  const HostOwned<HostObject> style = runtime.newInstance("NSMutableParagraphStyleZKT");
+  EXPECT_EQ(toDouble(read(style, "headIndent")), 0);
+  call(style, "Constructor");
+  for (const char* property : {"firstLineHeadIndent", "headIndent", "lineSpacing", "maximumLineHeight", "alignment"}) {
+    style->type->findProperty(property)->write(style, Value::integer(2));
+    EXPECT_EQ(toDouble(read(style, property)), 2) << property;
+  }
+  const Property* alignment = style->type->findProperty("alignment");
+  EXPECT_EQ(thrownBy([&] { alignment->write(style, Value::integer(99)); }).substr(0, 14), "NSExceptionZKT");
+  // Constructed again it starts afresh.
+  call(style, "Constructor");
+  EXPECT_EQ(toDouble(read(style, "headIndent")), 0);
+}
+
 TEST_F(SiblingsTest, CoreFoundationWrappersCarryTheirTag) {
   const AutoreleasePool pool;
   for (const char* name : {"CFObjectZKT", "CFStringZKT", "CFMutableAttributedStringZKT", "CGColorZKT", "CTRunDelegateZKT"}) {
@@ -126,6 +143,29 @@ TEST_F(SiblingsTest, CoreFoundationWrappersCarryTheirTag) {
     wrapper->word<NSObject*>() =
         CFRetain(NSString::stringWithUTF8String(classOf<NSString>(), "a text long enough to be counted"));
     EXPECT_EQ(toUtf8(read(wrapper, "description")), "a text long enough to be counted");
+  }
+}
+
+TEST_F(SiblingsTest, AreNotLoadedTwice) {
+  const size_t before = runtime.classes().size();
+  try {
+    Siblings().SetUp();
+    ADD_FAILURE();
+  } catch (const PluginError& error) {
+    EXPECT_EQ(error.message, "the class NSExceptionZKT is there already");
+  }
+  EXPECT_EQ(runtime.classes().size(), before);
+}
+
+// A wrapper that was not filled, and one whose Handle the program has cleared, hold nothing and release nothing.
+TEST_F(SiblingsTest, EmptyWrappersAnswerWithEmptyValues) {
+  for (const auto& type : runtime.classes()) {
+    if (type->record() == nullptr || !type->name().ends_with("ZKT")) continue;
+    const HostOwned<HostObject> wrapper = HostObject::make(*type);
+    for (const Property& property : type->properties()) {
+      const Value value = property.read(wrapper);
+      EXPECT_TRUE(value.isObject() || toUtf8(value).empty() || toDouble(value) == 0) << type->name() << "." << property.name;
+    }
   }
 }
 

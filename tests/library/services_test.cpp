@@ -1,7 +1,10 @@
 // How host services are found and called, and what becomes of a call to a service that the host lacks.
 #include "plugin/services.hpp"
 
+#include "bridge/strings.hpp"
 #include "host/runtime/runtime.hpp"
+#include "plugin/exceptions.hpp"
+#include "plugin/wrappers.hpp"
 #include "tests/library/offered_services.hpp"
 
 namespace {
@@ -39,6 +42,25 @@ TEST_F(Services, EachIsOfferedByTheStandInHostUnderItsName) {
   PLUGIN_HOST_SERVICES(FIND)
   PLUGIN_ARRAY_GETTERS(FIND)
 #undef FIND
+}
+
+TEST_F(Services, WithNoneAtAllEveryConversionYieldsNil) {
+  const AutoreleasePool pool;
+  NSString* const text = __CFStringMakeConstantString("text");
+  NSData* const data = NSData::dataWithBytes(classOf<NSData>(), "data", 4);
+  for (const double version : {0.0, 2012.0, 2019.01}) {
+    hostVersion = version;
+    EXPECT_EQ(bridge::CFString2RBString(text), nullptr);
+    for (const CFStringEncoding encoding : {0U, 0x100U, 0x500U, 0x600U, 0xFFFFU, 0x08000100U, 0x0C000100U}) {
+      EXPECT_EQ(bridge::REALBuildUnicodeString("text", 4, encoding), nullptr) << encoding;
+    }
+    EXPECT_EQ(bridge::NSDataRB(data), nullptr);
+    EXPECT_EQ(bridge::NewNSData(reinterpret_cast<REALmemoryBlock>(data)), nullptr);
+    EXPECT_EQ(wrapRegistered(text, "NSStringZKT"), nullptr);
+    EXPECT_EQ(NewNSObjectZKT(text, classOf<NSString>()), nullptr);
+    RaiseException("NilObjectException", "lost");
+    RaiseOutOfBoundsException(1, 1);
+  }
 }
 
 double someVersion() { return 2015.2; }

@@ -277,7 +277,7 @@ TEST_F(ToVariant, RefusesValuesThatNestTooDeeply) {
   EXPECT_TRUE(converted(nested(bridge::nestingLimit)));
   NSMutableArray* const cycle = NSMutableArray::array(classOf<NSMutableArray>());
   NSMutableArray::addObject(cycle, dictionaryOf({{text("self"), cycle}}));
-  for (NSObject* const object : {nested(bridge::nestingLimit + 1), static_cast<NSObject*>(cycle)}) {
+  for (NSObject* const object : {nested(bridge::nestingLimit + 1), nested(100000), static_cast<NSObject*>(cycle)}) {
     EXPECT_EQ(exceptionOf([&] { converted(object); }),
               "NSInvalidArgumentException: Values are nested more than 1000 levels deep, or contain themselves.");
   }

@@ -25,7 +25,6 @@ Print text.initWithRTF(none), text.initWithRTFD(none), text.initWithDocFormat(no
 Dim file As FolderItem
 Dim path As String
 Print text.initWithURL(file), text.initWithURL(path), text.initWithPath(file), text.initWithPath(path)
-Print NSAttributedStringZKT.attributedStringWithPath(GetFolderItem("missing.rtf")) = Nil
 
 ' There and back as RTF, with the document's attributes.
 Print text.initWithHTMLOld("<b>Grüße</b><i>from</i>😀")

@@ -29,8 +29,6 @@ text.setAttributes(New Dictionary, New NSRangeZKT(0, text.Length))
 Print text.attributesAtIndex(0).Count
 text.setAttributedString(NSAttributedStringZKT.attributedStringWithHTMLOld("<i>all new</i>"))
 Show
-text.applyFontTraits(2, 0, 3)
-Show
 
 Sub Show()
   Print text.htmlString

@@ -18,12 +18,12 @@ Print found, range.location, range.length
 found = text.attributeAtIndex2(NSAttributedStringZKT.NSFontAttributeName, 1, range)
 Print found IsA NSFontZKT, range.location, range.length
 Print text.attributeAtIndex(NSAttributedStringZKT.NSLinkAttributeName, 0) = Nil
-Print text.attributeAtIndex(NSAttributedStringZKT.NSUnderlineStyleAttributeName, 7, within) = Nil
+Print text.attributeAtIndex(NSAttributedStringZKT.NSUnderlineStyleAttributeName, 6, within)
 
 ' The variable's old object is let go.
 Dim old As NSRangeZKT = range
 found = text.attributeAtIndex2("none", 0, range)
-Print old Is range, found = Nil, range.location, range.length
+Print old Is range, found = Nil, range.location
 
 ' Parts and copies.
 Print text.attributedSubstringFromRange(New NSRangeZKT(2, 3)).Text

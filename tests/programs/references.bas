@@ -19,13 +19,14 @@ Dim font As NSFontZKT = attributes.Value(NSAttributedStringZKT.NSFontAttributeNa
 attributes = Nil
 Print font.familyName, font.pointSize, font.isBold
 
-' The same error variable again and again.
-Dim problem As NSErrorZKT
-Dim data As MemoryBlock
+' The same variable receives the attributes of one document after another.
+Dim found As Dictionary
+Dim reader As New NSAttributedStringZKT
 For i As Integer = 1 To 3
-  data = second.dataFromRange(0, second.Length, Nil, problem)
-  Print data = Nil, problem = Nil
+  Print reader.initWithRTF(second.rtf, found), found.Count > 0
 Next
+Dim junk As MemoryBlock = "junk"
+Print reader.initWithRTF(junk, found), found = Nil
 
 ' Filled, emptied and filled again.
 Dim again As New NSAttributedStringZKT

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <sstream>
 
 #include "standin/foundation/collections.hpp"
 #include "standin/foundation/date.hpp"
@@ -64,113 +65,39 @@ TEST(ClassRelations, AreThePlatforms) {
 
 // The classes by which values on their way to a host are told apart: each must be in the process.
 TEST(ClassRelations, EveryBridgedClassExists) {
-  for (const char* name : {"NSPathComponentCell",
-                           "NSPathCell",
-                           "NSPathControl",
-                           "NSPipe",
-                           "NSTask",
-                           "NSFileHandle",
-                           "NSClipView",
-                           "NSAnimation",
-                           "NSCoder",
-                           "NSTimeZone",
-                           "NSDateComponents",
-                           "NSAnimationContext",
-                           "NSTimer",
-                           "NSBox",
-                           "NSComboBox",
-                           "NSImageView",
-                           "NSPopUpButton",
-                           "NSTextField",
-                           "NSSearchFieldCell",
-                           "NSSecureTextField",
-                           "NSSecureTextFieldCell",
-                           "NSApplication",
-                           "NSSearchField",
-                           "NSTabView",
-                           "NSTabViewItem",
-                           "NSStepper",
-                           "NSURLRequest",
-                           "NSURLDownload",
-                           "NSURLConnection",
-                           "NSFontPanel",
-                           "NSFontManager",
-                           "NSImage",
-                           "NSImageRep",
-                           "NSShadow",
-                           "NSAffineTransform",
-                           "NSFont",
-                           "NSToolbarItem",
-                           "NSToolbar",
-                           "NSScreen",
-                           "NSCharacterSet",
-                           "NSTextStorage",
-                           "NSColor",
-                           "NSAttributedString",
-                           "NSAssertionHandler",
-                           "NSMenu",
-                           "NSFontDescriptor",
-                           "NSMenuItem",
-                           "NSError",
-                           "NSViewController",
-                           "NSWindowController",
-                           "NSHTTPCookie",
-                           "NSHTTPCookieStorage",
-                           "NSPasteboard",
-                           "NSBundle",
-                           "NSEnumerator",
-                           "NSDirectoryEnumerator",
-                           "NSRunningApplication",
-                           "NSURLCache",
-                           "NSCell",
-                           "NSFileManager",
-                           "NSSound",
-                           "NSBezierPath",
-                           "NSCursor",
-                           "NSEvent",
-                           "NSIndexSet",
-                           "NSCalendar",
-                           "NSView",
-                           "NSWindow",
-                           "NSColorList",
-                           "NSColorSpace",
-                           "NSTableColumn",
-                           "NSUndoManager",
-                           "NSScroller",
-                           "NSResponder",
-                           "NSTextFieldCell",
-                           "NSText",
-                           "NSTableHeaderView",
-                           "NSOperation",
-                           "NSNotification",
-                           "NSNotificationCenter",
-                           "NSDistributedNotificationCenter",
-                           "NSUserDefaults",
-                           "NSDockTile",
-                           "NSLocale",
-                           "NSAppleEventDescriptor",
-                           "NSAppleScript",
-                           "NSTableView",
-                           "NSLayoutManager",
-                           "NSTextContainer",
-                           "NSTextView",
-                           "NSTextTab",
-                           "NSParagraphStyle",
-                           "NSPasteboardItem",
-                           "NSRunLoop",
-                           "NSMetadataQuery",
-                           "NSMetadataItem",
-                           "NSPredicate",
-                           "NSCompoundPredicate",
-                           "NSSortDescriptor",
-                           "NSMetadataQueryResultGroup",
-                           "NSComparisonPredicate",
-                           "NSFileWrapper",
-                           "NSTextAttachment",
-                           "NSExpression",
-                           "NSUserNotification",
-                           "NSDraggingImageComponent"}) {
-    EXPECT_NE(objc_getClass(name), nullptr) << name;
+  std::istringstream names(
+      "NSPathComponentCell NSPathCell NSPathControl NSPipe NSTask NSFileHandle NSClipView NSAnimation NSCoder "
+      "NSTimeZone NSDateComponents NSAnimationContext NSTimer NSBox NSComboBox NSImageView NSPopUpButton NSTextField "
+      "NSSearchFieldCell NSSecureTextField NSSecureTextFieldCell NSApplication NSSearchField NSTabView NSTabViewItem "
+      "NSStepper NSURLRequest NSURLDownload NSURLConnection NSFontPanel NSFontManager NSImage NSImageRep NSShadow "
+      "NSAffineTransform NSFont NSToolbarItem NSToolbar NSScreen NSCharacterSet NSTextStorage NSColor "
+      "NSAttributedString NSAssertionHandler NSMenu NSFontDescriptor NSMenuItem NSError NSViewController "
+      "NSWindowController NSHTTPCookie NSHTTPCookieStorage NSPasteboard NSBundle NSEnumerator NSDirectoryEnumerator "
+      "NSRunningApplication NSURLCache NSCell NSFileManager NSSound NSBezierPath NSCursor NSEvent NSIndexSet "
+      "NSCalendar NSView NSWindow NSColorList NSColorSpace NSTableColumn NSUndoManager NSScroller NSResponder "
+      "NSTextFieldCell NSText NSTableHeaderView NSOperation NSNotification NSNotificationCenter "
+      "NSDistributedNotificationCenter NSUserDefaults NSDockTile NSLocale NSAppleEventDescriptor NSAppleScript "
+      "NSTableView NSLayoutManager NSTextContainer NSTextView NSTextTab NSParagraphStyle NSPasteboardItem NSRunLoop "
+      "NSMetadataQuery NSMetadataItem NSPredicate NSCompoundPredicate NSSortDescriptor NSMetadataQueryResultGroup "
+      "NSComparisonPredicate NSFileWrapper NSTextAttachment NSExpression NSUserNotification NSDraggingImageComponent ");
+  for (std::string name; names >> name;) EXPECT_NE(objc_getClass(name.c_str()), nullptr) << name;
+}
+
+// Nothing has filled them in, and every message finds something to work on.
+TEST(BareInstances, AreHarmless) {
+  for (const char* name :
+       {"NSArray", "NSMutableArray", "NSBundle", "NSCalendarDate", "NSDate", "NSDictionary", "NSDirectoryEnumerator",
+        "NSEnumerator", "NSError", "NSFileManager", "NSLocale", "NSMutableDictionary", "NSMutableSet", "NSNull", "NSNumber",
+        "NSSet", "NSTimeZone", "NSURL", "NSValue"}) {
+    const AutoreleasePool pool;
+    const Owned<NSObject> instance = adopt(NSObject::init(NSObject::alloc(objc_getClass(name))));
+    const Owned<NSObject> other = adopt(NSObject::init(NSObject::alloc(objc_getClass(name))));
+    EXPECT_TRUE(NSObject::isKindOfClass(instance, objc_getClass(name))) << name;
+    EXPECT_TRUE(NSObject::isEqual(instance, instance)) << name;
+    EXPECT_NE(NSObject::description(instance), nullptr) << name;
+    if (NSObject::isEqual(instance, other)) {
+      EXPECT_EQ(NSObject::hash(instance), NSObject::hash(other)) << name;
+    }
   }
 }
 

@@ -58,7 +58,7 @@ TEST(Data, EditsLeaveCopiesAlone) {
   EXPECT_NE(raised([&] { replaceBytes(data, {9, 1}, "x", 1); }), "");
 }
 
-class Files : public testing::Test {
+class WholeFiles : public testing::Test {
  protected:
   void SetUp() override { ASSERT_NE(mkdtemp(folder_.data()), nullptr); }
   void TearDown() override {
@@ -73,7 +73,7 @@ class Files : public testing::Test {
   std::string folder_ = "/tmp/standin-data-XXXXXX";
 };
 
-TEST_F(Files, AreReadAndWrittenWhole) {
+TEST_F(WholeFiles, AreReadAndWrittenWhole) {
   const AutoreleasePool pool;
   for (const BOOL atomically : {NO, YES}) {
     for (const size_t size : {0, 1, 65536, 300000}) {
@@ -84,7 +84,7 @@ TEST_F(Files, AreReadAndWrittenWhole) {
   }
 }
 
-TEST_F(Files, KeepTheirPermissionsAndFailuresSaySo) {
+TEST_F(WholeFiles, KeepTheirPermissionsAndFailuresSaySo) {
   const AutoreleasePool pool;
   const Owned<NSData> data = newData(std::string("x"));
   std::ofstream(path("file")) << "old";
@@ -99,7 +99,7 @@ TEST_F(Files, KeepTheirPermissionsAndFailuresSaySo) {
   EXPECT_FALSE(writeToFile(data, pathText("no/folder"), NO));
 }
 
-TEST_F(Files, ThatDoNotKnowTheirSizeAreReadWhole) {
+TEST_F(WholeFiles, ThatDoNotKnowTheirSizeAreReadWhole) {
   const std::optional<std::string> status = standin::foundation::readFile("/proc/self/status");
   ASSERT_TRUE(status);
   EXPECT_NE(status->find("VmPeak"), std::string::npos);

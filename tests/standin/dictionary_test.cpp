@@ -107,7 +107,10 @@ TEST(PointerDictionaries, NeitherRetainNorCompareByValue) {
   EXPECT_EQ(CFDictionaryGetValue(dictionary, twin.get()), nullptr);
   EXPECT_NE(raised([&] { NSObject::copy(dictionary); }), "");
   EXPECT_NE(raised([&] { NSDictionary::allKeys(dictionary); }), "");
-  NSObject::description(dictionary);
+  const Owned<NSDictionary> plain = newDictionary({{ns("k"), dictionary.get()}});
+  EXPECT_NE(utf8(NSObject::description(plain)).find("1 bare pointers"), std::string::npos);
+  EXPECT_FALSE(NSObject::isEqual(plain, dictionary));
+  EXPECT_NE(raised([&] { NSMutableDictionary::addEntries(newMutableDictionary(), dictionary); }), "");
 }
 
 TEST(Dictionaries, CopyTheirKeysAndRetainValues) {

@@ -332,6 +332,24 @@ TEST(Encodings, Utf8IsRightWhereverANonAsciiCharacterStands) {
   }
 }
 
+TEST(Encodings, Utf8AndUtf16AgreeOnEveryCodePoint) {
+  std::string bytes;
+  std::u16string expected;
+  for (uint32_t point = 0; point <= 0x10FFFF; ++point) {
+    if (point >= 0xD800 && point <= 0xDFFF) continue;
+    const int tails = point < 0x80 ? 0 : point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
+    bytes += static_cast<char>((tails == 0 ? 0 : 0xF0 << (3 - tails) & 0xFF) | point >> (6 * tails));
+    for (int tail = tails - 1; tail >= 0; --tail) bytes += static_cast<char>(0x80 | (point >> (6 * tail) & 0x3F));
+    if (point >= 0x10000) expected += static_cast<char16_t>(0xD800 + ((point - 0x10000) >> 10));
+    expected += static_cast<char16_t>(point < 0x10000 ? point : 0xDC00 + (point & 0x3FF));
+  }
+  const AutoreleasePool pool;
+  const Owned<NSString> string = decoded(bytes, utf8);
+  ASSERT_TRUE(string);
+  EXPECT_TRUE(units(string) == expected);
+  EXPECT_TRUE(taken(string, utf8, bytes.size()).bytes == bytes);
+}
+
 TEST(Encodings, ALongTextEndsNowhereBetweenTheHalvesOfAPair) {
   const AutoreleasePool pool;
   std::u16string source = u"x";

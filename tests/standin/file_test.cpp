@@ -135,7 +135,7 @@ TEST(Catalog, NamesThatAreNoText) {
 }
 
 // The platform knows a file by its name however that is composed.
-TEST(Files, ComposedAndDecomposedNamesAreOne) {
+TEST(FileNames, ComposedAndDecomposedNamesAreOne) {
   const AutoreleasePool pool;
   const TemporaryFolder folder;
   const std::string composed = folder.file("\xC3\xA9t\xC3\xA9/caf\xC3\xA9.txt", "inside");

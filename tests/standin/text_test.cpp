@@ -78,7 +78,7 @@ void edit(Pair& pair, RandomEdits& random, const Pair& other) {
 }
 
 TEST(Text, AgreesWithTheModelAfterRandomEdits) {
-  for (const size_t limit : {200, 6000, 60000}) {  // always flat, sometimes a tree, mostly a tree
+  for (const size_t limit : {200U, 6000U, 60000U}) {  // always flat, sometimes a tree, mostly a tree
     SCOPED_TRACE(limit);
     SCOPED_TRACE(RandomEdits::seed());
     RandomEdits random(2500);

@@ -10,8 +10,8 @@
 namespace host {
 namespace {
 
-// Removed entries stay in the list, marked, until one in the middle is in the way of counting; those at the front are only
-// skipped, so that removing the first entry again and again is cheap.
+// Removed entries stay in the list, marked, until one in the middle is in the way of counting or those at the front, which
+// are only skipped, are the greater part of it: so removing the first entry again and again is cheap.
 class Dictionary {
  public:
   int64_t count() const { return static_cast<int64_t>(index_.size()); }
@@ -56,6 +56,7 @@ bool Dictionary::remove(const Value& key) {
   Entry removed = std::exchange(entries_[found->second], {{}, {}, true});
   index_.erase(found);
   while (first_ < entries_.size() && entries_[first_].removed) ++first_;
+  if (first_ > entries_.size() / 2) closeGaps();
   return true;
 }
 

@@ -55,7 +55,7 @@ void setLittleEndian(HostObject* self, int64_t, bool littleEndian) { stateIn(sel
 std::byte* at(HostObject* self, int64_t offset, int64_t length) {
   const MemoryBlock& block = stateIn(self);
   if (offset < 0 || length < 0 || offset > block.size || length > block.size - offset) {
-    throwOutOfBounds(offset < 0 ? offset : offset + length - 1, block.size - 1);
+    throwOutOfBounds(offset < 0 || offset > block.size ? offset : block.size, block.size - 1);
   }
   return block.bytes + offset;
 }

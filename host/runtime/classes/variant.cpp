@@ -27,8 +27,8 @@ int64_t typeCodeOfElements(const Type& type) {
 
 template <class Number>
 std::string numberKey(char sort, Number number) {
-  std::string key(1 + sizeof number, sort);
-  std::memcpy(key.data() + 1, &number, sizeof number);
+  std::string key(1 + sizeof(Number), sort);
+  std::memcpy(key.data() + 1, &number, sizeof(Number));
   return key;
 }
 

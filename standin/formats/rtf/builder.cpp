@@ -1,36 +1,9 @@
 // From formats in RTF's units to styles in points.
 #include "standin/formats/rtf/builder.hpp"
 
-#include <algorithm>
-#include <iterator>
-
 #include "standin/text/font_faces.hpp"
 
 namespace standin::formats::rtf {
-namespace {
-
-// A face of a family that is not among the platform's, so that a document keeps the font it names.
-text::Font foreignFace(const std::string& family, uint64_t traits, double size) {
-  std::string name;
-  std::copy_if(family.begin(), family.end(), std::back_inserter(name), [](char letter) { return letter != ' '; });
-  if (traits != 0) name += '-';
-  if ((traits & text::boldTrait) != 0) name += "Bold";
-  if ((traits & text::italicTrait) != 0) name += "Italic";
-  return {family, name, traits, (traits & text::boldTrait) != 0 ? 9 : 5, size};
-}
-
-// The face that a document means by a family or a face name and the traits beside it.
-text::Font faceFor(const std::string& name, uint64_t traits, double size) {
-  if (const auto named = text::fontNamed(name, size)) traits |= named->traits & (text::boldTrait | text::italicTrait);
-  const auto family = text::familyNamed(name);
-  if (!family) return foreignFace(name, traits, size);
-  for (const uint64_t wanted : {traits, traits & text::boldTrait, uint64_t{0}}) {
-    if (const auto face = text::fontInFamily(*family, wanted, 5, size)) return *face;
-  }
-  return foreignFace(name, traits, size);
-}
-
-}  // namespace
 
 void Builder::addBytes(std::string_view bytes, const CharacterFormat& format, int codePage) {
   if (!bytes_.empty() && (bytesCodePage_ != codePage || bytesFormat_ != format)) flush();
@@ -93,7 +66,7 @@ text::Style Builder::makeStyle(const CharacterFormat& format, const text::Paragr
   text::Style style;
   const auto font = fonts.find(format.font);
   const uint64_t traits = (format.bold ? uint64_t{text::boldTrait} : 0) | (format.italic ? uint64_t{text::italicTrait} : 0);
-  style.font = faceFor(font != fonts.end() ? font->second.name : "Helvetica", traits, format.halfPoints / 2.0);
+  style.font = text::fontMeant(font != fonts.end() ? font->second.name : "Helvetica", traits, format.halfPoints / 2.0);
   style.foreground = color(format.foreground);
   style.background = color(format.background);
   style.underlineColor = color(format.underlineColor);
@@ -104,6 +77,7 @@ text::Style Builder::makeStyle(const CharacterFormat& format, const text::Paragr
   style.kern = format.kern / 20.0;
   style.expansion = format.expansion / 100.0;
   if (format.link >= 0) style.link = links[static_cast<size_t>(format.link)];
+  if (format.attachment >= 0) style.attachment = attachments[static_cast<size_t>(format.attachment)];
   style.paragraph = paragraph;
   return style;
 }

@@ -30,6 +30,7 @@ class Builder {
   std::map<int, FontEntry> fonts;
   std::vector<text::Color> colors;  // index 0 is the reader's default
   std::vector<std::u16string> links;
+  std::vector<std::shared_ptr<const text::Attachment>> attachments;
   Document document;
 
  private:

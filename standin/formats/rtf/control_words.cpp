@@ -61,9 +61,13 @@ constexpr ControlWord words[] = {
     // Fields, and the group with a fallback in front.
     {"field", Action::field}, {"fldinst", Action::destination, static_cast<int>(Destination::fieldInstruction)}, {"upr", Action::uprGroup, 1},
     {"ud", Action::uprGroup, 0},
+    // Pictures in the text, and files beside it.
+    {"pict", Action::destination, static_cast<int>(Destination::picture)}, {"NeXTGraphic", Action::destination, static_cast<int>(Destination::graphic)},
+    {"shppict", Action::destination, static_cast<int>(Destination::body)}, {"picwgoal", Action::pictureWidth},
+    {"pichgoal", Action::pictureHeight}, {"width", Action::pictureWidth}, {"height", Action::pictureHeight},
     // Groups whose text is not the document's.
     {"stylesheet", Action::destination, skipped}, {"listtable", Action::destination, skipped},
-    {"listoverridetable", Action::destination, skipped}, {"info", Action::destination, skipped}, {"pict", Action::destination, skipped},
+    {"listoverridetable", Action::destination, skipped}, {"info", Action::destination, skipped}, {"nonshppict", Action::destination, skipped},
     {"header", Action::destination, skipped}, {"headerl", Action::destination, skipped}, {"headerr", Action::destination, skipped},
     {"headerf", Action::destination, skipped}, {"footer", Action::destination, skipped}, {"footerl", Action::destination, skipped},
     {"footerr", Action::destination, skipped}, {"footerf", Action::destination, skipped}, {"footnote", Action::destination, skipped},

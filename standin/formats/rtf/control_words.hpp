@@ -57,6 +57,8 @@ enum class Action : uint8_t {
   defaultTab,
   viewMode,
   viewZoom,
+  pictureWidth,
+  pictureHeight,
   field,
   uprGroup,
   property,  // value: index into the text properties

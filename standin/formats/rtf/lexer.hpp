@@ -23,8 +23,12 @@ class Lexer {
   explicit Lexer(std::span<const uint8_t> bytes) : rest_(reinterpret_cast<const char*>(bytes.data()), bytes.size()) {}
 
   Token next();
-  // Passes over raw bytes, as many as there are: what follows \bin.
-  void skip(size_t count) { rest_.remove_prefix(count < rest_.size() ? count : rest_.size()); }
+  // Raw bytes, as many as there are: what follows \bin.
+  std::string_view take(size_t count) {
+    const std::string_view taken = rest_.substr(0, count);
+    rest_.remove_prefix(taken.size());
+    return taken;
+  }
 
  private:
   Token control();

@@ -8,6 +8,8 @@
 #include "standin/formats/rtf/control_words.hpp"
 #include "standin/formats/rtf/lexer.hpp"
 #include "standin/formats/rtf/link_target.hpp"
+#include "standin/formats/rtf/pictures.hpp"
+#include "standin/text/text.hpp"
 
 namespace standin::formats::rtf {
 namespace {
@@ -86,6 +88,17 @@ class Reader {
     }
     // The paragraph's formatting outlives the group that a document's last paragraph may be closed in.
     groups_.pop_back();
+    if (ended_ != nullptr) addAttachment(std::exchange(ended_, nullptr));
+  }
+
+  // In the group around the one that told of it. The name of a file is followed by a character that stands for it.
+  void addAttachment(std::shared_ptr<const text::Attachment> attachment) {
+    if (!attachment->fileName.empty()) toSkip_ = 1;
+    if (state().destination != Destination::body || state().characters.hidden) return;
+    CharacterFormat format = state().characters;
+    format.attachment = static_cast<int>(builder_.attachments.size());
+    builder_.attachments.push_back(std::move(attachment));
+    builder_.addUnit(text::attachmentCharacter, format);
   }
 
   void endDestination() {
@@ -98,6 +111,8 @@ class Reader {
       property_ = -1;
     }
     if (ending == Destination::fieldInstruction) endFieldInstruction();
+    if (ending == Destination::picture) ended_ = pictures_.picture();
+    if (ending == Destination::graphic) ended_ = pictures_.file(captured_);
     captured_.clear();
   }
 
@@ -148,7 +163,11 @@ class Reader {
         break;
       case Destination::property:
       case Destination::fieldInstruction:
+      case Destination::graphic:
         decoder_.append(captured_, bytes, documentCodePage_);
+        break;
+      case Destination::picture:
+        pictures_.addHexadecimal(bytes);
         break;
       case Destination::skip:
         break;
@@ -235,6 +254,7 @@ class Reader {
     builder_.flush();
     state().destination = destination;
     captured_.clear();
+    if (destination == Destination::picture || destination == Destination::graphic) pictures_ = {};
   }
 
   void act(const ControlWord& word, std::optional<int> parameter) {
@@ -412,7 +432,7 @@ class Reader {
         state().unicodeSkip = std::clamp(number, 0, 64);
         break;
       case Action::binary:
-        lexer_.skip(static_cast<size_t>(std::max(number, 0)));
+        addRaw(lexer_.take(static_cast<size_t>(std::max(number, 0))));
         break;
       case Action::codePage:
         documentCodePage_ = parameter.value_or(word.value);
@@ -431,6 +451,10 @@ class Reader {
         rgb_[static_cast<size_t>(word.action) - static_cast<size_t>(Action::red)] = std::clamp(number, 0, 255);
         break;
     }
+  }
+
+  void addRaw(std::string_view bytes) {
+    if (state().destination == Destination::picture) pictures_.addRaw(bytes);
   }
 
   void actOnDocument(const ControlWord& word, std::optional<int> parameter) {
@@ -464,6 +488,12 @@ class Reader {
       case Action::viewZoom:
         builder_.document.viewZoom = number;
         break;
+      case Action::pictureWidth:
+        pictures_.width = number * twip;
+        break;
+      case Action::pictureHeight:
+        pictures_.height = number * twip;
+        break;
       case Action::field:
         state().isField = true;
         break;
@@ -494,6 +524,8 @@ class Reader {
   Decoder decoder_;
   std::vector<GroupState> groups_;
   std::u16string captured_;  // the text of fonts, properties and field instructions
+  Pictures pictures_;
+  std::shared_ptr<const text::Attachment> ended_;  // the one that the group just closed told of
   std::array<int, 3> rgb_{};
   CalendarTime* time_ = nullptr;
   double lineHeight_ = 0;

@@ -9,9 +9,9 @@
 namespace standin::formats::rtf {
 
 // Where text goes.
-enum class Destination : uint8_t { body, skip, fonts, colors, property, fieldInstruction };
+enum class Destination : uint8_t { body, skip, fonts, colors, property, fieldInstruction, picture, graphic };
 
-// Character formatting in the units of RTF; fonts, colours and links by index, -1 for none.
+// Character formatting in the units of RTF; fonts, colours, links and attachments by index, -1 for none.
 struct CharacterFormat {
   int font = -1;
   int halfPoints = 24;
@@ -21,6 +21,7 @@ struct CharacterFormat {
   int kern = 0;       // twentieths of a point
   int expansion = 0;  // per cent beyond the font's own width
   int link = -1;
+  int attachment = -1;
   bool bold = false, italic = false, hidden = false;
 
   auto operator<=>(const CharacterFormat&) const = default;

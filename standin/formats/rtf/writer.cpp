@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "standin/formats/rtf/attachments.hpp"
 #include "standin/formats/rtf/characters.hpp"
 #include "standin/formats/rtf/tables.hpp"
 
@@ -84,9 +85,19 @@ class Writer {
   void writeStretch(const text::Style& style, uint32_t from, uint32_t stop) {
     const uint32_t inside = styled_.text[stop - 1] == u'\n' ? stop - 1 : stop;
     if (!style.link.empty() && inside > from) openField(style.link);
-    appendCharacters(out_, styled_.text, from, inside - from);
+    writeCharacters(style, from, inside);
     if (!style.link.empty() && inside > from) out_ += "}}";
     appendCharacters(out_, styled_.text, inside, stop - inside);
+  }
+
+  void writeCharacters(const text::Style& style, uint32_t from, uint32_t stop) {
+    for (uint32_t at = from; style.attachment != nullptr && at < stop; ++at) {
+      if (styled_.text[at] != text::attachmentCharacter) continue;
+      appendCharacters(out_, styled_.text, from, at - from);
+      appendAttachment(out_, *style.attachment);
+      from = at + 1;
+    }
+    appendCharacters(out_, styled_.text, from, stop - from);
   }
 
   void writeParagraphFormat(const text::Paragraph& paragraph) {

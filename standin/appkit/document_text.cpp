@@ -1,0 +1,71 @@
+// Attributed strings taken apart for writers, and put together from what readers found.
+#include "standin/appkit/document_text.hpp"
+
+#include "standin/appkit/file_wrapper.hpp"
+#include "standin/appkit/style.hpp"
+#include "standin/appkit/text_attachment.hpp"
+#include "standin/formats/pictures/picture.hpp"
+#include "standin/foundation/data.hpp"
+#include "standin/text/run_list.hpp"
+
+namespace standin::appkit {
+namespace {
+
+// Pictures that documents hold in their text.
+bool canBeEmbedded(std::span<const uint8_t> bytes) {
+  const auto format = formats::pictures::formatOf(bytes);
+  return format == formats::pictures::Format::png || format == formats::pictures::Format::jpeg;
+}
+
+// The attachment with its picture, if it is one; otherwise as it is.
+std::shared_ptr<const text::Attachment> withPicture(const std::shared_ptr<const text::Attachment>& attachment) {
+  NSFileWrapper* file = attachment->object != nullptr ? fileOf(objectOf(*attachment)).autorelease() : nullptr;
+  NSData* contents = file != nullptr && wrapperState(file).kind == FileKind::regular ? contentsOf(file) : nullptr;
+  if (!canBeEmbedded(foundation::bytesOf(contents))) return attachment;
+  auto embedded = std::make_shared<text::Attachment>(*attachment);
+  embedded->owner =
+      std::shared_ptr<void>(retainObject(contents), [](void* data) { releaseObject(static_cast<NSObject*>(data)); });
+  embedded->contents = foundation::bytesOf(contents);
+  return embedded;
+}
+
+}  // namespace
+
+ExportedRuns::ExportedRuns(const text::StyledText& text, text::UnitRange range) {
+  styled_.text = text.text().slice(range.start, range.length);
+  forEachRun(text, range.start, range.length, [this](const text::RunPlace& run, NSDictionary* attributes) {
+    const text::Style*& style = byHandle_[run.attributes];
+    if (style == nullptr) style = &styles_.emplace_back(styleOf(attributes));
+    styled_.runs.push_back({run.length, style});
+  });
+}
+
+void ExportedRuns::embedPictures() {
+  for (text::Style& style : styles_) {
+    if (style.attachment != nullptr) style.attachment = withPicture(style.attachment);
+  }
+}
+
+void ExportedRuns::packageFiles(NSFileWrapper* directory) {
+  std::unordered_map<NSFileWrapper*, std::string> keys;
+  for (text::Style& style : styles_) {
+    if (style.attachment == nullptr || style.attachment->object == nullptr) continue;
+    const Owned<NSFileWrapper> file = fileOf(objectOf(*style.attachment));
+    if (!file) continue;
+    std::string& key = keys[file.get()];
+    if (key.empty()) key = addChild(wrapperState(directory), file, packagedName(file));
+    auto packaged = std::make_shared<text::Attachment>(*style.attachment);
+    packaged->fileName = key;
+    style.attachment = std::move(packaged);
+  }
+}
+
+text::StyledText styledTextOf(const formats::Document& document) {
+  std::vector<text::AttributeSet> sets;
+  for (const text::Style& style : document.styles) sets.push_back(attributeSetOf(attributesOf(style)));
+  text::RunList runs;
+  for (const formats::DocumentRun& run : document.runs) runs.add(run.length, sets[run.style].handle());
+  return {text::Text::utf16(document.text), runs};
+}
+
+}  // namespace standin::appkit

@@ -1,0 +1,144 @@
+// File contents: reading, mapping and copying, always from the very file that was found.
+#include "standin/appkit/file_contents.hpp"
+
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "standin/foundation/data.hpp"
+
+namespace standin::appkit {
+namespace {
+
+// Smaller files are read: a mapping costs a page and an open file.
+constexpr uint64_t smallestMapping = 1 << 20;
+
+// Open when the file at the path still is the one of the stamp.
+OpenFile openAsFound(const FileOrigin& origin) {
+  OpenFile file(::open(origin.path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+  if (!file) return file;
+  const std::optional<FileStatus> status = fileStatus(file.descriptor(), "");
+  if (status && status->stamp == origin.stamp) return file;
+  if (status) errno = ESTALE;
+  return OpenFile(-1);
+}
+
+std::optional<std::string> readAll(const OpenFile& file, uint64_t size) {
+  std::string bytes(size, '\0');
+  for (uint64_t filled = 0; filled < size;) {
+    const ssize_t got = ::read(file.descriptor(), bytes.data() + filled, size - filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got == 0) errno = ESTALE;
+    if (got <= 0) return std::nullopt;
+    filled += static_cast<uint64_t>(got);
+  }
+  return bytes;
+}
+
+bool writeAll(int descriptor, std::span<const uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t put = ::write(descriptor, bytes.data(), bytes.size());
+    if (put < 0 && errno != EINTR) return false;
+    if (put > 0) bytes = bytes.subspan(static_cast<size_t>(put));
+  }
+  return true;
+}
+
+// Through the kernel, block by block through memory where it cannot.
+bool copyAll(const OpenFile& from, uint64_t size, int to, bool& failedReading) {
+  off_t place = 0;
+  while (static_cast<uint64_t>(place) < size) {
+    const ssize_t moved = ::copy_file_range(from.descriptor(), &place, to, nullptr, size - static_cast<uint64_t>(place), 0);
+    if (moved > 0) continue;
+    if (moved < 0 && (errno == ENOSPC || errno == EFBIG || errno == EDQUOT)) return false;
+    char block[1 << 16];
+    const ssize_t got = ::pread(from.descriptor(), block, sizeof block, place);
+    failedReading = got <= 0;
+    if (got == 0) errno = ESTALE;
+    if (got <= 0 || !writeAll(to, {reinterpret_cast<const uint8_t*>(block), static_cast<size_t>(got)})) return false;
+    place += got;
+  }
+  return true;
+}
+
+}  // namespace
+
+struct FileContents::Mapping {
+  Mapping(OpenFile opened, void* memory, uint64_t count) : file(std::move(opened)), address(memory), size(count) {}
+  Mapping(const Mapping&) = delete;
+  Mapping& operator=(const Mapping&) = delete;
+  ~Mapping() { ::munmap(address, size); }
+
+  // Reading behind the end of a file that has shrunk would end the process.
+  bool isWhole() const {
+    struct stat status {};
+    if (::fstat(file.descriptor(), &status) == 0 && static_cast<uint64_t>(status.st_size) >= size) return true;
+    errno = ESTALE;
+    return false;
+  }
+
+  OpenFile file;
+  void* address;
+  uint64_t size;
+};
+
+OpenFile::~OpenFile() {
+  if (descriptor_ < 0) return;
+  const int before = errno;
+  ::close(descriptor_);
+  errno = before;
+}
+
+FileContents FileContents::of(Owned<NSData> data) {
+  FileContents contents;
+  contents.data_ = std::move(data);
+  return contents;
+}
+
+FileContents FileContents::at(FileOrigin origin) {
+  FileContents contents;
+  contents.origin_ = std::move(origin);
+  return contents;
+}
+
+bool FileContents::load(bool mayMap) {
+  if (!isUnread()) return true;
+  OpenFile file = openAsFound(*origin_);
+  if (!file) return false;
+  const uint64_t size = origin_->stamp.size;
+  if (mayMap && size >= smallestMapping) {
+    void* memory = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0);
+    if (memory != MAP_FAILED) {
+      mapping_ = std::make_shared<Mapping>(std::move(file), memory, size);
+      return true;
+    }
+  }
+  std::optional<std::string> bytes = readAll(file, size);
+  if (!bytes) return false;
+  data_ = foundation::newData(std::move(*bytes));
+  return true;
+}
+
+NSData* FileContents::data() {
+  if (data_ == nullptr && mapping_ != nullptr) {
+    if (!mapping_->isWhole()) return nullptr;
+    data_ = foundation::newData(std::string(static_cast<const char*>(mapping_->address), mapping_->size));
+    mapping_.reset();
+  }
+  if (data_ == nullptr && origin_ && !load(false)) return nullptr;
+  if (data_ == nullptr) data_ = foundation::newData(std::string());
+  return data_;
+}
+
+bool FileContents::writeTo(int descriptor, bool& failedReading) {
+  failedReading = false;
+  if (mapping_ != nullptr) return copyAll(mapping_->file, mapping_->size, descriptor, failedReading);
+  if (!isUnread()) return writeAll(descriptor, foundation::bytesOf(data_));
+  const OpenFile file = openAsFound(*origin_);
+  failedReading = !file;
+  return file && copyAll(file, origin_->stamp.size, descriptor, failedReading);
+}
+
+}  // namespace standin::appkit
