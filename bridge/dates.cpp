@@ -68,8 +68,9 @@ REALobject hostDate(NSDate* date) {
                                           alloc<NSCalendarDate>(), NSDate::timeIntervalSinceReferenceDate(date)))
                                     .autorelease();
   if (shown == nullptr) return nullptr;
+  const Components components = componentsOf(shown);
   auto result = plugin::newInstance("Date");
-  if (result) setComponents(result, componentsOf(shown));
+  if (result) setComponents(result, components);
   return result.detach();
 }
 

@@ -14,10 +14,11 @@ NSObject* platformFormOf(plugin::REALobject variant) {
   return object == nullptr ? NSNull::null(classOf<NSNull>()) : object;
 }
 
-// The host is asked for the value of a nil key too.
+// The host is asked for the value of a nil key too. The key is given back before the value.
 void copyEntry(REALdictionary* from, int64_t index, NSMutableDictionary* to) {
+  HostVariant hostValue;
   const HostVariant hostKey = dictionaryKey(from, index);
-  const HostVariant hostValue = dictionaryValue(from, hostKey);
+  hostValue = dictionaryValue(from, hostKey);
   if (!hostKey) return;
   NSObject* const key = platformFormOf(hostKey);
   NSObject* const value = platformFormOf(hostValue);

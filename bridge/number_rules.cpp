@@ -1,6 +1,4 @@
 // Platform numbers as host variants, by the type that they were made from.
-#include <string_view>
-
 #include "bridge/variant_rules.hpp"
 
 namespace bridge {
@@ -36,7 +34,7 @@ constexpr auto makeDouble = make<double, NSNumber::doubleValue, plugin::REALNewV
 }  // namespace
 
 HostVariant variantOfNumber(NSNumber* number) {
-  const std::string_view encoding = NSValue::objCType(number);
+  const std::string_view encoding = encodingOf(number);
   for (const Row& row : rows) {
     if (row.encoding == encoding) return plugin::adoptHost(row.make(number));
   }

@@ -29,6 +29,7 @@ constexpr double utf32Version = 2013.0;
 CFStringRef stringFromContents(REALstring text, CFStringEncoding encoding) {
   const auto locked = lockHost(text);
   const auto [bytes, length] = plugin::REALGetStringContents(text);
+  if (bytes == nullptr) return nullptr;
   if (encoding == kCFStringEncodingUnicode) {
     return CFStringCreateWithCharacters(kCFAllocatorDefault, reinterpret_cast<const UniChar*>(bytes), length / 2);
   }

@@ -12,9 +12,12 @@ using plugin::REALdictionary;
 
 HostVariant variantOf(NSObject* object) { return plugin::adoptHost(NewVariantFromNSObject(object)); }
 
+// The key is given back before the value.
 void copyEntry(NSDictionary* from, NSObject* key, REALdictionary* to) {
+  NSObject* const value = NSDictionary::objectForKey(from, key);
+  HostVariant hostValue;
   const HostVariant hostKey = variantOf(key);
-  const HostVariant hostValue = variantOf(NSDictionary::objectForKey(from, key));
+  hostValue = variantOf(value);
   setDictionaryValue(to, hostKey, hostValue);
 }
 

@@ -1,6 +1,4 @@
 // Platform values that hold structures as host structures, by their encoding.
-#include <string_view>
-
 #include "bridge/sibling_messages.hpp"
 #include "bridge/variant_rules.hpp"
 #include "plugin/instance_data.hpp"
@@ -45,7 +43,7 @@ constexpr Row rows[] = {
 }  // namespace
 
 HostVariant variantOfValue(NSValue* value) {
-  const std::string_view encoding = NSValue::objCType(value);
+  const std::string_view encoding = encodingOf(value);
   for (const Row& row : rows) {
     if (row.encoding == encoding) return row.make(value, row.hostClass);
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 
 #include "bridge/host_variant.hpp"
 #include "platform/foundation.h"
@@ -17,6 +18,12 @@ bool isKindOf(NSObject* object) {
 template <class Signature>
 bool respondsTo(NSObject* object, const Message<Signature>& message) {
   return NSObject::respondsToSelector(object, message.selector()) != NO;
+}
+
+// The type that the value was made from; empty for a value that does not say.
+inline std::string_view encodingOf(NSValue* value) {
+  const char* const encoding = NSValue::objCType(value);
+  return encoding == nullptr ? std::string_view() : std::string_view(encoding);
 }
 
 // number_rules.cpp

@@ -37,7 +37,7 @@ For i As Integer = 0 To values.Count - 1
   Dim sent As String = Shown(values.Value(name))
   Dim received As String = Shown(back.Value(name))
   Print name + ": " + sent
-  If StrComp(sent, received) <> 0 Then Print "  came back as " + received
+  Print "  comes back as " + received
 Next
 
 ' The same object comes back for as long as it lives: wrappers are found by what they wrap.

@@ -12,6 +12,8 @@ namespace {
 
 constexpr char16_t firstOutsideASCII = 0x80;
 
+constexpr std::size_t longestEscape = 8;  // "&#65535;"
+
 struct Escape {
   char16_t unit;
   std::u16string_view output;
@@ -27,7 +29,7 @@ constexpr auto outputs = [] {
   return table;
 }();
 
-inline bool needsEscape(char16_t unit) { return unit >= firstOutsideASCII || !outputs[unit].empty(); }
+bool needsEscape(char16_t unit) { return unit >= firstOutsideASCII || !outputs[unit].empty(); }
 
 // Eight units side by side, compared all at once.
 using Eight = uint16_t __attribute__((vector_size(16)));
@@ -63,11 +65,9 @@ const char16_t* nextToEscape(const char16_t* position, const char16_t* end) {
   return std::find_if(position, end, needsEscape);
 }
 
-constexpr std::size_t longestReference = 8;  // "&#65535;"
-
 void appendReference(unsigned unit, std::u16string& output) {
-  char16_t reference[longestReference];
-  char16_t* const end = reference + longestReference;
+  char16_t reference[longestEscape];
+  char16_t* const end = reference + longestEscape;
   char16_t* first = end;
   *--first = u';';
   for (; unit != 0; unit /= 10) *--first = static_cast<char16_t>(u'0' + unit % 10);
@@ -81,38 +81,23 @@ void appendEscape(char16_t unit, std::u16string& output) {
   output.append(outputs[unit]);
 }
 
-std::size_t escapeLength(char16_t unit) {
-  if (unit < firstOutsideASCII) return outputs[unit].size();
-  return longestReference - (unit < 10000) - (unit < 1000);
-}
-
-// Calls with each stretch of plain units, and with each unit between them.
-template <class Plain, class Special>
-void split(std::u16string_view text, Plain plain, Special special) {
-  const char16_t* position = text.data();
-  const char16_t* const end = position + text.size();
-  while (true) {
-    const char16_t* const found = nextToEscape(position, end);
-    plain(std::u16string_view(position, static_cast<std::size_t>(found - position)));
-    if (found == end) return;
-    special(*found);
-    position = found + 1;
-  }
-}
-
 }  // namespace
 
 void appendEscaped(std::u16string_view text, std::u16string& output) {
-  split(
-      text, [&](std::u16string_view plain) { output.append(plain); }, [&](char16_t unit) { appendEscape(unit, output); });
+  const char16_t* position = text.data();
+  const char16_t* const end = position + text.size();
+  while (true) {
+    const char16_t* const special = nextToEscape(position, end);
+    output.append(position, static_cast<std::size_t>(special - position));
+    if (special == end) return;
+    appendEscape(*special, output);
+    position = special + 1;
+  }
 }
 
-std::size_t escapedLength(std::u16string_view text) {
-  std::size_t length = 0;
-  split(
-      text, [&](std::u16string_view plain) { length += plain.size(); },
-      [&](char16_t unit) { length += escapeLength(unit); });
-  return length;
+void reserveEscaped(std::size_t units, std::u16string& output) {
+  constexpr std::size_t mostToSpare = std::size_t{1} << 27;
+  output.reserve(std::min(units * longestEscape, units + mostToSpare));
 }
 
 }  // namespace html

@@ -66,7 +66,7 @@ void fillTables(Class, SEL) {
 NSString* escaped(NSString* self, SEL) {
   const Units text(self);
   std::u16string output;
-  output.reserve(escapedLength(text));
+  reserveEscaped(text.view().size(), output);
   appendEscaped(text, output);
   return autoreleasedString(output);
 }

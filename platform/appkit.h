@@ -162,6 +162,9 @@ struct NSParagraphStyle : NSObject {
   static inline constinit Message<CGFloat()> maximumLineHeight{"maximumLineHeight"};
   static inline constinit Message<CGFloat()> lineHeightMultiple{"lineHeightMultiple"};
   static inline constinit Message<CGFloat()> defaultTabInterval{"defaultTabInterval"};
+  static inline constinit Message<float()> hyphenationFactor{"hyphenationFactor"};
+  static inline constinit Message<NSUInteger()> lineBreakMode{"lineBreakMode"};
+  static inline constinit Message<NSInteger()> headerLevel{"headerLevel"};
   static inline constinit Message<NSArray*()> tabStops{"tabStops"};
 };
 
@@ -179,12 +182,18 @@ struct NSMutableParagraphStyle : NSParagraphStyle {
   static inline constinit Message<void(CGFloat)> setMaximumLineHeight{"setMaximumLineHeight:"};
   static inline constinit Message<void(CGFloat)> setLineHeightMultiple{"setLineHeightMultiple:"};
   static inline constinit Message<void(CGFloat)> setDefaultTabInterval{"setDefaultTabInterval:"};
+  static inline constinit Message<void(float)> setHyphenationFactor{"setHyphenationFactor:"};
+  static inline constinit Message<void(NSUInteger)> setLineBreakMode{"setLineBreakMode:"};
+  static inline constinit Message<void(NSInteger)> setHeaderLevel{"setHeaderLevel:"};
   static inline constinit Message<void(NSArray*)> setTabStops{"setTabStops:"};
   static inline constinit Message<void(NSTextTab*)> addTabStop{"addTabStop:"};
+  static inline constinit Message<void(NSTextTab*)> removeTabStop{"removeTabStop:"};
+  static inline constinit Message<void(NSParagraphStyle*)> setParagraphStyle{"setParagraphStyle:"};
 };
 
 struct NSImage : NSObject {
   static constexpr char className_[] = "NSImage";
+  static inline constinit Message<NSSize()> size{"size"};
 };
 
 struct NSCell : NSObject {

@@ -15,12 +15,32 @@
 
 namespace plugin {
 
-void RaiseException(const char* className, const char* message, uint32_t, int64_t) {
-  HostOwned<REALstringStruct> text;
-  if (message != nullptr) {
-    const auto length = static_cast<long long>(std::strlen(message));
-    text = adoptHost(bridge::REALBuildUnicodeString(message, length, kCFStringEncodingASCII));
+namespace {
+
+// The message as a host string. A failure while it is built raises an exception of its own, with a message that is built in
+// the same way. When that fails too, the exception about it has none: the same failure would not end otherwise.
+class MessageBuilder {
+ public:
+  MessageBuilder() { ++depth_; }
+  ~MessageBuilder() { --depth_; }
+  MessageBuilder(const MessageBuilder&) = delete;
+  MessageBuilder& operator=(const MessageBuilder&) = delete;
+
+  HostOwned<REALstringStruct> build(const char* message) const {
+    constexpr int deepest = 2;
+    if (message == nullptr || depth_ > deepest) return nullptr;
+    return adoptHost(
+        bridge::REALBuildUnicodeString(message, static_cast<long long>(std::strlen(message)), kCFStringEncodingASCII));
   }
+
+ private:
+  static inline constinit int depth_ = 0;
+};
+
+}  // namespace
+
+void RaiseException(const char* className, const char* message, uint32_t, int64_t) {
+  const HostOwned<REALstringStruct> text = MessageBuilder().build(message);
   HostOwned<REALobjectStruct> exception = newInstance(className);
   if (!exception) exception = newInstance("RuntimeException");
   if (!exception) return;

@@ -8,30 +8,39 @@
 
 namespace plugin {
 
-inline void lockHostValue(REALobject object) { REALLockObject(object); }
-inline void lockHostValue(REALstring text) { REALLockString(text); }
-inline void lockHostValue(REALtext text) { REALLockText(text); }
+// False when the host has no way to add a reference.
+template <class LockService, class Value>
+bool lockThrough(const LockService& service, Value value) {
+  const auto lock = service.find();
+  if (lock != nullptr) lock(value);
+  return lock != nullptr;
+}
+inline bool lockHostValue(REALobject object) { return lockThrough(REALLockObject, object); }
+inline bool lockHostValue(REALstring text) { return lockThrough(REALLockString, text); }
+inline bool lockHostValue(REALtext text) { return lockThrough(REALLockText, text); }
 inline void unlockHostValue(REALobject object) { REALUnlockObject(object); }
 inline void unlockHostValue(REALstring text) { REALUnlockString(text); }
 inline void unlockHostValue(REALtext text) { REALUnlockText(text); }
 
-// Holds one reference to a host value, or nil, and drops it at its end.
+// Holds one reference to a host value, or nil, and drops it at its end. A value that the host could not lock is only
+// borrowed: dropping a reference that was never added would be somebody else's.
 template <class Type>
 class HostOwned {
  public:
   HostOwned() = default;
   HostOwned(std::nullptr_t) {}
-  HostOwned(HostOwned&& other) noexcept : value_(other.detach()) {}
+  HostOwned(HostOwned&& other) noexcept : borrowed_(other.borrowed_), value_(other.detach()) {}
   template <class Derived>
   requires(!std::is_same_v<Derived, Type> && std::is_convertible_v<Derived*, Type*>) HostOwned(HostOwned<Derived>&& other)
-  noexcept : value_(other.detach()) {}
+  noexcept : borrowed_(other.borrowed_), value_(other.detach()) {}
   HostOwned(const HostOwned&) = delete;
   HostOwned& operator=(HostOwned other) noexcept {
     std::swap(value_, other.value_);
+    std::swap(borrowed_, other.borrowed_);
     return *this;
   }
   ~HostOwned() {
-    if (value_ != nullptr) unlockHostValue(value_);
+    if (value_ != nullptr && !borrowed_) unlockHostValue(value_);
   }
 
   // Takes over a reference that the caller owns.
@@ -42,8 +51,9 @@ class HostOwned {
   }
   // Adds a reference.
   [[nodiscard]] static HostOwned lock(Type* value) {
-    if (value != nullptr) lockHostValue(value);
-    return adopt(value);
+    HostOwned owned = adopt(value);
+    owned.borrowed_ = value != nullptr && !lockHostValue(value);
+    return owned;
   }
 
   Type* get() const { return value_; }
@@ -53,6 +63,10 @@ class HostOwned {
   [[nodiscard]] Type* detach() { return std::exchange(value_, nullptr); }
 
  private:
+  template <class>
+  friend class HostOwned;
+
+  bool borrowed_ = false;
   Type* value_ = nullptr;
 };
 

@@ -5,7 +5,7 @@ tool=$1 program=$2
 expected=${program%.bas}.expected
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
-(cd "$scratch" && "$tool" run "$program" "$(dirname "$program")") >"$scratch.out" 2>"$scratch.err"
+(cd "$scratch" && "$tool" run --check-references "$program" "$(dirname "$program")") >"$scratch.out" 2>"$scratch.err"
 status=$?
 trap 'rm -rf "$scratch" "$scratch.out" "$scratch.err"' EXIT
 { cat "$scratch.out"; [ $status -eq 0 ] || printf 'exit status %s\n' "$status"; } | diff -u "$expected" - && exit 0

@@ -8,6 +8,8 @@
 #include "bridge/platform_classes.hpp"
 #include "bridge/to_dictionary.hpp"
 #include "bridge/to_variant.hpp"
+#include "host/runtime/array.hpp"
+#include "host/runtime/date.hpp"
 #include "host/runtime/dictionary.hpp"
 #include "host/runtime/record.hpp"
 #include "host/runtime/runtime.hpp"
@@ -26,16 +28,35 @@ void startLibrary() {
   plugin::hostVersion = 2019.01;
 }
 
+host::HostOwned<host::HostObject> smallArray(int64_t index) {
+  auto array = host::makeArray(host::typeNamed("Variant"), -1);
+  host::appendElement(array, Value::integer(index));
+  host::appendElement(array, Value::string("element"));
+  return array;
+}
+
+host::HostOwned<host::HostObject> smallDictionary(int64_t index) {
+  auto dictionary = host::makeDictionary();
+  host::setDictionaryValue(dictionary, Value::string("index"), Value::integer(index));
+  return dictionary;
+}
+
 Value mixedValue(int64_t index) {
-  switch (index % 4) {
+  switch (index % 7) {
     case 0:
       return Value::string("value " + std::to_string(index));
     case 1:
       return Value::integer(index);
     case 2:
       return Value::number(static_cast<double>(index) / 3);
+    case 3:
+      return Value::object(host::makeDate({2000 + index % 50, 1 + index % 12, 1 + index % 28, index % 24, 30, 0}));
+    case 4:
+      return Value::object(smallArray(index));
+    case 5:
+      return Value::object(smallDictionary(index));
     default:
-      return Value::boolean(index % 8 == 3);
+      return Value::boolean(index % 2 == 1);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 
 #include "host/runtime/builtin.hpp"
 #include "host/runtime/class.hpp"
@@ -16,6 +17,44 @@ namespace {
 constexpr int64_t dyingReferences = int64_t{1} << 40;
 
 constexpr size_t roundedUp(size_t size) { return (size + 15) / 16 * 16; }
+
+// Objects that wait for their end. Destroying one drops what it holds, which then waits too, so that however deep values
+// nest, the calls do not.
+class DyingObjects {
+ public:
+  void add(HostObject* object) {
+    object->next = nullptr;
+    (last_ != nullptr ? last_->next : first_) = object;
+    last_ = object;
+  }
+  // Nil when none waits.
+  HostObject* takeFirst() {
+    HostObject* const taken = first_;
+    if (taken != nullptr) first_ = taken->next;
+    if (first_ == nullptr) last_ = nullptr;
+    return taken;
+  }
+
+ private:
+  HostObject* first_ = nullptr;
+  HostObject* last_ = nullptr;
+};
+
+// True for the first of its kind, false for any made while that one lives.
+class OneAtATime {
+ public:
+  OneAtATime() = default;
+  OneAtATime(const OneAtATime&) = delete;
+  OneAtATime& operator=(const OneAtATime&) = delete;
+  ~OneAtATime() {
+    if (first_) taken_ = false;
+  }
+  explicit operator bool() const { return first_; }
+
+ private:
+  static inline constinit bool taken_ = false;
+  const bool first_ = !std::exchange(taken_, true);
+};
 
 LiveList<HostObject>& liveObjects() {
   static LiveList<HostObject> list;
@@ -45,10 +84,18 @@ HostOwned<HostObject> HostObject::make(const HostClass& type) {
 }
 
 void HostObject::destroy() {
+  static constinit DyingObjects dying;
   references = dyingReferences;
+  liveObjects().remove(this);
+  dying.add(this);
+  const OneAtATime turn;
+  if (!turn) return;
+  while (HostObject* const object = dying.takeFirst()) object->finish();
+}
+
+void HostObject::finish() {
   type->runDestructors(this);
   if (state != nullptr) type->stateOwner()->state.destroy(state);
-  liveObjects().remove(this);
   std::free(this);
 }
 

@@ -24,7 +24,8 @@ struct HostObject {
   uint64_t serial;
 
   void lock() { ++references; }
-  // Dropping the last reference runs the destructors, from the object's class up to its root class, and frees it.
+  // Dropping the last reference runs the destructors, from the object's class up to its root class, and frees it. What
+  // destructors drop themselves ends after them.
   void unlock() {
     if (--references == 0) destroy();
   }
@@ -48,6 +49,7 @@ struct HostObject {
 
  private:
   void destroy();
+  void finish();
 };
 static_assert(sizeof(HostObject) == 48);
 

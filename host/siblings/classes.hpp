@@ -8,6 +8,8 @@ void registerStructures();
 void registerFonts();
 void registerColors();
 void registerErrors();
+void registerImages();
+void registerTextTabs();
 void registerParagraphStyles();
 void registerCoreFoundation();
 void registerTimes();

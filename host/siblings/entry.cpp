@@ -10,6 +10,8 @@ extern "C" __attribute__((visibility("default"))) void REALPluginMain(siblings::
   registerFonts();
   registerColors();
   registerErrors();
+  registerImages();
+  registerTextTabs();
   registerParagraphStyles();
   registerCoreFoundation();
   registerTimes();

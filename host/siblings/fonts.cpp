@@ -72,6 +72,12 @@ void registerFonts() {
           .wrapper()
           .constant("NSItalicFontMask = 1")
           .constant("NSBoldFontMask = 2")
+          .constant("NSUnboldFontMask = 4")
+          .constant("NSExpandedFontMask = 32")
+          .constant("NSCondensedFontMask = 64")
+          .constant("NSSmallCapsFontMask = 128")
+          .constant("NSFixedPitchFontMask = 1024")
+          .constant("NSUnitalicFontMask = 16777216")
           .method("fontWithFamily(family as String, traits as Integer, weight as Integer, size as Double) as NSFontZKT",
                   fontWithFamily)
           .method("traitsOfFont(font as NSFontZKT) as Integer", traitsOfFont)

@@ -45,9 +45,22 @@ inline constinit Service<void(HostObject*)> unlockObject{"REALUnlockObject"};
 inline constinit Service<void*(HostObject*, const char*)> loadObjectMethod{"REALLoadObjectMethod"};
 inline constinit Service<void(HostObject*)> raiseException{"RuntimeRaiseException"};
 inline constinit Service<bool(HostObject*, const char*, HostString*)> setStringProperty{"REALSetPropValueString"};
+inline constinit Service<bool(HostObject*, const char*, HostString**)> getStringProperty{"REALGetPropValueString"};
+inline constinit Service<void*(HostObject*)> memoryBlockPointer{"memoryBlockGetPtr"};
+inline constinit Service<int64_t(HostObject*)> memoryBlockSize{"memoryBlockGetSize"};
 inline constinit Service<void(HostString*)> unlockString{"REALUnlockString"};
 inline constinit Service<HostString*(const void*, int32_t, uint32_t)> buildString{"REALBuildStringWithEncoding"};
 inline constinit Service<CFStringRef(HostString*, bool)> copyPlatformString{"REALGetStringCFString"};
+inline constinit Service<void*(const char*)> classReference{"pluginObjectType"};
+inline constinit Service<bool(HostObject*, void*)> isInstance{"RuntimeObjectIsa"};
+// Of variants, the only kind that plug-ins make: element type 4.
+inline constinit Service<HostObject*(int32_t, int64_t)> createArray{"RuntimeArrayCreateSingleDimBoundedArray"};
+// The array takes a reference of its own.
+inline constinit Service<void(HostObject*, int64_t, HostObject*)> insertElement{"PluginObjectArrayInsertProc"};
+inline constinit Service<int64_t(HostObject*)> upperBound{"RuntimeUBound"};
+// Answers what hands out elements, one reference the caller's.
+using ElementGetter = HostObject* (*)(HostObject*, int64_t);
+inline constinit Service<ElementGetter(HostObject*)> elementGetter{"PluginObjectArrayGetProc"};
 inline constinit Service<HostObject*(HostString*)> variantOfString{"StringToVariant"};
 inline constinit Service<HostObject*(double)> variantOfDouble{"DoubleToVariant"};
 inline constinit Service<HostObject*(int64_t)> variantOfInteger{"IntegerToVariant"};

@@ -3,6 +3,9 @@
 #include <iostream>
 
 #include "host/tool/classes_command.hpp"
+#include "host/tool/convert_command.hpp"
+#include "host/tool/documents.hpp"
+#include "host/tool/inspect_command.hpp"
 #include "host/tool/messages.hpp"
 #include "host/tool/run_command.hpp"
 
@@ -25,12 +28,28 @@ int main(int count, char** arguments) {
   classes->add_option("name", className, "Only this class");
   classes->add_flag("--markdown", markdown, "As a Markdown document");
 
+  tool::ConvertOptions conversion;
+  CLI::App* convert = app.add_subcommand("convert", "Convert documents");
+  convert->add_option("documents", conversion.inputs, "The documents")->required();
+  convert->add_option("-o,--output", conversion.output, "The file to write");
+  convert->add_option("--to", conversion.to, "The format to write")->check(CLI::IsMember(tool::writableFormats()));
+  convert->add_option("--into", conversion.folder, "The folder to write into");
+  convert->add_option("--from", conversion.from, "The format to read")->check(CLI::IsMember(tool::readableFormats()));
+
+  tool::InspectOptions inspection;
+  CLI::App* inspect = app.add_subcommand("inspect", "Show the runs of a document and what it says of itself");
+  inspect->add_option("document", inspection.path, "The document")->required();
+  inspect->add_flag("--json", inspection.json, "As JSON");
+  inspect->add_option("--from", inspection.from, "The format to read")->check(CLI::IsMember(tool::readableFormats()));
+
   try {
     app.parse(count, arguments);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? tool::Succeeded : tool::WrongUsage;
   }
   if (classes->parsed()) return tool::listClasses(className, markdown);
+  if (convert->parsed()) return tool::convertDocuments(conversion);
+  if (inspect->parsed()) return tool::inspectDocument(inspection);
   runOptions.invocation.arguments = run->remaining();
   return tool::runProgram(runOptions);
 }

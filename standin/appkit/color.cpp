@@ -163,7 +163,7 @@ NSString* description(NSColor* self) {
 NSObject* copyWithZone(NSColor* self, void*) { return retainObject(self); }
 
 [[maybe_unused]] const ClassDefinition colors =
-    defineClass<>("NSColor", "NSObject")
+    defineClass<ColorState>("NSColor", "NSObject")
         .classMethod<colorWithCalibratedRGB>("colorWithCalibratedRed:green:blue:alpha:")
         .classMethod<colorWithDeviceRGB>("colorWithDeviceRed:green:blue:alpha:")
         .classMethod<colorWithCalibratedWhite>("colorWithCalibratedWhite:alpha:")

@@ -15,8 +15,13 @@ std::string_view bytesOf(NSData* data) {
 // False when something cannot be read, or the tree nests too deep. The views last as long as the wrapper's contents.
 bool describe(FileWrapper& wrapper, ArchivedFile& file, size_t depth) {
   if (depth > formats::file_archive::maximumDepth) return false;
-  file = {wrapper.kind, wrapper.attributes.permissions, wrapper.attributes.modified, wrapper.attributes.created,
-          wrapper.name, wrapper.preferredName,          wrapper.destination,         {}};
+  file.kind = wrapper.kind;
+  file.permissions = wrapper.attributes.permissions;
+  file.modified = wrapper.attributes.modified;
+  file.created = wrapper.attributes.created;
+  file.name = wrapper.name;
+  file.preferredName = wrapper.preferredName;
+  file.bytes = wrapper.destination;
   if (wrapper.kind == FileKind::regular) {
     NSData* contents = wrapper.contents.data();
     file.bytes = bytesOf(contents);
@@ -24,7 +29,9 @@ bool describe(FileWrapper& wrapper, ArchivedFile& file, size_t depth) {
   }
   if (wrapper.kind == FileKind::directory && !listChildren(wrapper)) return false;
   for (const auto& [key, child] : wrapper.children) {
-    if (!describe(wrapperState(child), file.children.emplace_back(key, ArchivedFile()).second, depth + 1)) return false;
+    ArchivedFile& described = file.children.emplace_back();
+    described.key = key;
+    if (!describe(wrapperState(child), described, depth + 1)) return false;
   }
   return true;
 }
@@ -38,10 +45,10 @@ void fill(FileWrapper& wrapper, const ArchivedFile& file) {
   wrapper.preferredName = file.preferredName;
   if (file.kind == FileKind::regular) wrapper.contents = FileContents::of(foundation::newData(std::string(file.bytes)));
   if (file.kind == FileKind::link) wrapper.destination = file.bytes;
-  for (const auto& [key, child] : file.children) {
+  for (const ArchivedFile& child : file.children) {
     Owned<NSFileWrapper> made = newFileWrapper();
     fill(wrapperState(made), child);
-    putChild(wrapper, key, std::move(made));
+    putChild(wrapper, child.key, std::move(made));
   }
 }
 

@@ -27,6 +27,8 @@ template <auto Paragraph::*field>
 void setLength(ParagraphStyle& self, CGFloat value) {
   self.paragraph.*field = value;
 }
+float hyphenationFactor(ParagraphStyle& self) { return static_cast<float>(self.paragraph.hyphenationFactor); }
+void setHyphenationFactor(ParagraphStyle& self, float factor) { self.paragraph.hyphenationFactor = factor; }
 // Numbers and closed sets alike travel as integers.
 template <auto Paragraph::*field>
 NSInteger number(ParagraphStyle& self) {
@@ -125,8 +127,7 @@ NSObject* mutableCopyWithZone(ParagraphStyle& self, void*) { return newMutablePa
   X(minimumLineHeight, "minimumLineHeight", "setMinimumLineHeight:")       \
   X(maximumLineHeight, "maximumLineHeight", "setMaximumLineHeight:")       \
   X(lineHeightMultiple, "lineHeightMultiple", "setLineHeightMultiple:")    \
-  X(defaultTabInterval, "defaultTabInterval", "setDefaultTabInterval:")    \
-  X(hyphenationFactor, "hyphenationFactor", "setHyphenationFactor:")
+  X(defaultTabInterval, "defaultTabInterval", "setDefaultTabInterval:")
 #define NUMBER_FIELDS(X)                                                  \
   X(alignment, 0, 4, "alignment", "setAlignment:")                        \
   X(direction, -1, 1, "baseWritingDirection", "setBaseWritingDirection:") \
@@ -141,6 +142,7 @@ NSObject* mutableCopyWithZone(ParagraphStyle& self, void*) { return newMutablePa
 const ClassDefinition styles = defineClass<ParagraphStyle>("NSParagraphStyle", "NSObject")
                                    .classMethod<defaultStyle>("defaultParagraphStyle") LENGTH_FIELDS(LENGTH_GETTER)
                                        NUMBER_FIELDS(NUMBER_GETTER)
+                                   .method<hyphenationFactor>("hyphenationFactor")
                                    .method<tabStops>("tabStops")
                                    .method<isEqual>("isEqual:")
                                    .method<hash>("hash")
@@ -150,6 +152,7 @@ const ClassDefinition styles = defineClass<ParagraphStyle>("NSParagraphStyle", "
 
 const ClassDefinition mutableStyles = defineClass<ParagraphStyle>("NSMutableParagraphStyle", "NSParagraphStyle")
                                           LENGTH_FIELDS(LENGTH_SETTER) NUMBER_FIELDS(NUMBER_SETTER)
+                                              .method<setHyphenationFactor>("setHyphenationFactor:")
                                               .method<setTabStops>("setTabStops:")
                                               .method<addTabStop>("addTabStop:")
                                               .method<removeTabStop>("removeTabStop:")

@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "standin/appkit/attributed_string_checks.hpp"
+#include "standin/appkit/attributed_string_import.hpp"
 #include "standin/appkit/document_attributes.hpp"
 #include "standin/appkit/file_wrapper.hpp"
 #include "standin/appkit/text_attachment.hpp"
@@ -18,44 +19,39 @@ namespace {
 
 constexpr char textName[] = "TXT.rtf";
 
-// Names in the text, which are UTF-8, and the files they mean: two references to a file are one attachment's only if they
-// are one in the text too.
+// The package's file that a name in the text means. Text and file system may compose its letters differently.
+NSFileWrapper* fileNamed(FileWrapper& package, const std::string& name) {
+  if (NSFileWrapper* file = childNamed(package, name)) return file;
+  const auto wanted = foundation::decomposedName(name);
+  for (const auto& [key, file] : package.children) {
+    if (wanted && foundation::decomposedName(key) == wanted) return file;
+  }
+  return nullptr;
+}
+
+// Nil when the package lacks the file.
 std::shared_ptr<const text::Attachment> resolved(FileWrapper& package, const text::Attachment& reference) {
-  NSFileWrapper* file = childNamed(package, reference.fileName);
+  NSFileWrapper* file = fileNamed(package, reference.fileName);
   if (file == nullptr) return nullptr;
   const Owned<NSTextAttachment> attachment = newTextAttachment(file);
   attachmentState(attachment).size = {reference.width, reference.height};
   return attachmentValue(attachment);
 }
 
-NSAttributedString* filled(Owned<NSAttributedString> self, const std::optional<formats::Document>& document,
-                           NSDictionary** attributes) {
-  if (!document) return nullptr;
-  stateOf<AttributedString>(self).styled = styledTextOf(*document);
-  if (attributes != nullptr) *attributes = documentAttributesOf(*document, NSRTFDTextDocumentType);
-  return self.detach();
-}
-
-NSAttributedString* initWithRTFD(NSAttributedString* self, NSData* data, NSDictionary** attributes) {
-  Owned<NSAttributedString> receiver = adopt(self);
-  requireArgument(self, "initWithRTFD:documentAttributes:", data);
-  return filled(std::move(receiver), readRTFD(foundation::bytesOf(data)), attributes);
-}
-
 NSAttributedString* initWithRTFDFileWrapper(NSAttributedString* self, NSFileWrapper* package, NSDictionary** attributes) {
   Owned<NSAttributedString> receiver = adopt(self);
   requireArgument(self, "initWithRTFDFileWrapper:documentAttributes:", package);
-  return filled(std::move(receiver), readRTFD(package), attributes);
+  return filledFrom(std::move(receiver), {.package = package, .options = optionsOf(NSRTFDTextDocumentType)}, attributes);
 }
 
-NSData* RTFDFromRange(NSAttributedString* self, NSRange range, NSDictionary*) {
+NSData* RTFDFromRange(NSAttributedString* self, NSRange range, NSDictionary* attributes) {
   ExportedRuns exported(styledTextOf(self), rangeIn(self, "RTFDFromRange:documentAttributes:", range));
-  return newRTFDData(exported).autorelease();
+  return newRTFDData(exported, informationOf(attributes)).autorelease();
 }
 
-NSFileWrapper* RTFDFileWrapperFromRange(NSAttributedString* self, NSRange range, NSDictionary*) {
+NSFileWrapper* RTFDFileWrapperFromRange(NSAttributedString* self, NSRange range, NSDictionary* attributes) {
   ExportedRuns exported(styledTextOf(self), rangeIn(self, "RTFDFileWrapperFromRange:documentAttributes:", range));
-  return newRTFD(exported).autorelease();
+  return newRTFD(exported, informationOf(attributes)).autorelease();
 }
 
 // Files are found in the package by the names under which attachments were read from it.
@@ -77,7 +73,6 @@ void updateAttachments(NSAttributedString* self, NSString* path) {
 
 [[maybe_unused]] const Category packages =
     Category("NSAttributedString")
-        .method<initWithRTFD>("initWithRTFD:documentAttributes:")
         .method<initWithRTFDFileWrapper>("initWithRTFDFileWrapper:documentAttributes:")
         .method<RTFDFromRange>("RTFDFromRange:documentAttributes:")
         .method<RTFDFileWrapperFromRange>("RTFDFileWrapperFromRange:documentAttributes:");
@@ -108,16 +103,18 @@ std::optional<formats::Document> readRTFD(std::span<const uint8_t> archive) {
   return readRTFD(package);
 }
 
-Owned<NSFileWrapper> newRTFD(ExportedRuns& exported) {
+Owned<NSFileWrapper> newRTFD(ExportedRuns& exported, const formats::DocumentInformation& information) {
   Owned<NSFileWrapper> package = newDirectory();
   // Its place is taken before the attachments look for theirs.
   const Owned<NSFileWrapper> text = newRegularFile(nullptr, textName);
   putChild(wrapperState(package), textName, text);
   exported.packageFiles(package);
-  wrapperState(text).contents = FileContents::of(foundation::newData(formats::rtf::write(exported.runs())));
+  wrapperState(text).contents = FileContents::of(foundation::newData(formats::rtf::write(exported.runs(), information)));
   return package;
 }
 
-Owned<NSData> newRTFDData(ExportedRuns& exported) { return newArchive(newRTFD(exported)); }
+Owned<NSData> newRTFDData(ExportedRuns& exported, const formats::DocumentInformation& information) {
+  return newArchive(newRTFD(exported, information));
+}
 
 }  // namespace standin::appkit

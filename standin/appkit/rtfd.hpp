@@ -14,8 +14,8 @@ std::optional<formats::Document> readRTFD(NSFileWrapper* package);
 std::optional<formats::Document> readRTFD(std::span<const uint8_t> archive);
 
 // A package of the text and its attachments' files.
-Owned<NSFileWrapper> newRTFD(ExportedRuns& exported);
+Owned<NSFileWrapper> newRTFD(ExportedRuns& exported, const formats::DocumentInformation& information);
 // The package archived; nil when the files of attachments cannot be read.
-Owned<NSData> newRTFDData(ExportedRuns& exported);
+Owned<NSData> newRTFDData(ExportedRuns& exported, const formats::DocumentInformation& information);
 
 }  // namespace standin::appkit

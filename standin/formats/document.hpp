@@ -29,14 +29,24 @@ struct Properties {
   std::optional<CalendarTime> created, modified;
 };
 
-struct Document {
+// What a document says of itself: readers find it, writers take it.
+struct DocumentInformation {
+  PageSetup page;
+  Properties properties;
+  std::optional<double> defaultTabInterval;     // points
+  std::optional<double> viewWidth, viewHeight;  // of the window, points
+  std::optional<double> hyphenationFactor;      // 0 to 1
+  std::optional<int> viewMode, viewZoom;        // 0 free and 1 by pages; per cent
+  std::optional<int> readOnly;                  // 1: readers are asked not to edit
+  std::optional<int> rtfVersion;                // of the platform that wrote it
+  std::optional<text::Color> background;
+  std::optional<uint64_t> characterEncoding;  // NSString's number, of plain text
+};
+
+struct Document : DocumentInformation {
   std::u16string text;
   std::vector<DocumentRun> runs;  // their lengths add up to the text's
   std::vector<text::Style> styles;
-  PageSetup page;
-  Properties properties;
-  std::optional<double> defaultTabInterval;
-  std::optional<int> viewMode, viewZoom;
 };
 
 }  // namespace standin::formats

@@ -6,6 +6,7 @@
 #include "host/runtime/date.hpp"
 #include "host/runtime/dictionary.hpp"
 #include "host/runtime/memory_block.hpp"
+#include "host/runtime/record.hpp"
 #include "host/runtime/variant.hpp"
 #include "tests/host/runtime_support.hpp"
 
@@ -81,6 +82,47 @@ TEST_F(CollectionsTest, ArraysShowTheirStorage) {
     EXPECT_EQ(booleans->word<uint8_t*>(1)[39], 1);
   }
   setDirectArrayStorage(true);
+}
+
+// As many calls within each other would not fit on the stack.
+TEST_F(CollectionsTest, EndHoweverDeepTheyNest) {
+  HostOwned<HostObject> outer;
+  for (int level = 0; level < 1'000'000; ++level) {
+    const Value inner = Value::object(std::move(outer));
+    outer = level % 2 == 0 ? makeDictionary() : makeArray(typeNamed("Variant"), 0);
+    if (level % 2 == 0) {
+      setDictionaryValue(outer, Value::string("inner"), inner);
+    } else {
+      setElement(outer, 0, inner);
+    }
+  }
+}
+
+HostObject* companions[2];
+int ended;
+// The first to end locks and unlocks the other, which waits for its own end.
+void touchTheOther(HostObject* self) {
+  HostObject* const other = companions[self == companions[0] ? 1 : 0];
+  if (++ended > 1) return;
+  other->lock();
+  other->unlock();
+}
+
+TEST_F(CollectionsTest, EndOnceThoughTheyAreTouchedWhileTheyWait) {
+  static ClassRecord record;
+  record.name = "Companion";
+  record.destructor = touchTheOther;
+  const HostClass& type = runtime.registerClass(record);
+  ended = 0;
+  {
+    const HostOwned<HostObject> array = makeArray(typeNamed("Companion"), 1);
+    for (int index = 0; index < 2; ++index) {
+      const HostOwned<HostObject> made = HostObject::make(type);
+      companions[index] = made;
+      setElement(array, index, Value::object(made));
+    }
+  }
+  EXPECT_EQ(ended, 2);
 }
 
 TEST_F(CollectionsTest, ArraysTellTheirTypeCode) {

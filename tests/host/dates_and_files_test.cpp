@@ -36,6 +36,22 @@ TEST_F(DatesTest, CarryOverWhatIsOutOfRange) {
   EXPECT_NE(thrownBy([] { makeDate({int64_t{1} << 62, 1, 1, 0, 0, 0}); }), "");
 }
 
+// Set from year to day, a date that no constructor has run for is never carried over.
+TEST_F(DatesTest, BeginAtTheEpochUntilTheyAreConstructed) {
+  for (const auto& [name, value] : {std::pair("2015-06-30", DateComponents{2015, 6, 30}), {"2023-02-28", {2023, 2, 28}}}) {
+    const HostOwned<HostObject> date = runtime.newInstance("Date");
+    EXPECT_EQ(toUtf8(read(date, "SQLDateTime")), "1904-01-01 00:00:00");
+    const char* const properties[] = {"Year", "Month", "Day"};
+    for (size_t index = 0; index < 3; ++index) {
+      date->type->findProperty(properties[index])->write(date, Value::integer(value[index]));
+    }
+    EXPECT_EQ(toUtf8(read(date, "SQLDate")), name);
+  }
+  const HostOwned<HostObject> date = runtime.newInstance("Date");
+  call(date, "Constructor");
+  EXPECT_GT(toInteger(read(date, "Year")), 2020);
+}
+
 TEST_F(DatesTest, KnowTheirPlaceInWeekAndYear) {
   const HostOwned<HostObject> date = makeDate({2024, 12, 31, 1, 2, 3});
   EXPECT_EQ(toInteger(read(date, "DayOfYear")), 366);

@@ -205,6 +205,93 @@ TEST(Language, Exceptions) {
   });
 }
 
+// What an assignment makes of a value of another type; what cannot be is refused.
+TEST(Language, Conversions) {
+  struct Row {
+    const char* type;
+    const char* value;
+    const char* printed;
+  };
+  const Row rows[] = {
+      {"Integer", "2.9", "2"},
+      {"Integer", "-2.9", "-2"},
+      {"Integer", "\"12\"", "12"},
+      {"Integer", "1e30", "9223372036854775807"},
+      {"UInt64", "18446744073709551615.0", "18446744073709551615"},
+      {"Double", "3", "3"},
+      {"Double", "\"0.5\"", "0.5"},
+      {"Single", "0.1", "0.1"},
+      {"String", "0.1", "0.1"},
+      {"String", "True", "True"},
+      {"String", "Nil", ""},
+      {"Text", "\"né\"", "né"},
+      {"Boolean", "1", "True"},
+      {"Variant", "1.5", "1.5"},
+      {"Color", "&cFF0000", "16711680"},
+      {"MemoryBlock", "\"abc\"", "MemoryBlock"},
+      {"Dictionary", "Nil", "Nil"},
+      {"Date", "New Date(2024, 2, 29)", "2024-02-29 00:00:00"},
+      {"String", "New Date(2024, 2, 30)", "2024-03-01 00:00:00"},
+  };
+  for (const Row& row : rows) {
+    const std::string start = "Dim value As " + std::string(row.type);
+    const std::string end = std::string(row.value) + "\nPrint value";
+    const std::string expected = row.printed + std::string("\n");
+    EXPECT_EQ(outcomeOf(start + " = " + end), expected) << row.type << " from " << row.value;
+    EXPECT_EQ(outcomeOf(start + "\nvalue = " + end), expected) << row.type << " from " << row.value;
+    EXPECT_EQ(outcomeOf("Show(" + std::string(row.value) + ")\nSub Show(value As " + row.type + ")\nPrint value\nEnd Sub"),
+              expected)
+        << row.type << " from " << row.value;
+    EXPECT_EQ(outcomeOf("Print Given()\nFunction Given() As " + std::string(row.type) + "\nReturn " + row.value +
+                        "\nEnd Function"),
+              expected)
+        << row.type << " from " << row.value;
+  }
+  const char* refused[][2] = {
+      {"Integer", "New Date"}, {"Dictionary", "5"}, {"Date", "\"today\""}, {"FolderItem", "New Date"}};
+  for (const auto& [type, value] : refused) {
+    const std::string program = "Dim v As Variant = " + std::string(value) + "\nTry\nDim x As " + type +
+                                " = v\nPrint \"taken\"\nCatch e\nPrint \"refused\"\nEnd Try";
+    EXPECT_EQ(outcomeOf(program), "refused\n") << type << " from " << value;
+  }
+}
+
+// Arrays keep to the type of their elements wherever they are made.
+TEST(Language, ArraysOfEveryType) {
+  check({
+      {"Dim d() As Double = Array(1, 2)\nPrint d(0) / 4", "0.25\n"},
+      {"Dim s() As String = Array(1, 2)\nPrint s(0) + s(1)", "12\n"},
+      {"Dim i() As Integer = Array(1.9, 2.9)\nPrint i(0) + i(1)", "3\n"},
+      {"Dim b(1) As Boolean\nb(1) = True\nPrint b(0), b(1)", "False True\n"},
+      {"Dim d(1) As Date\nPrint d(0)\nd(1) = New Date(2000, 1, 1)\nPrint d(1).Year", "Nil\n2000\n"},
+      {"Dim s(0) As Single\ns(0) = 0.1\nPrint s(0)", "0.1\n"},
+      {"Dim n() As Dictionary\nn.Append(New Dictionary)\nn(0).Value(\"a\") = 1\nPrint n(0).Value(\"A\")", "1\n"},
+      {"Dim a() As Date\na.Append(\"x\")", "2:3: TypeMismatchException: A String is no Date.\n"},
+      {"Dim v As Variant = Array(1, 2)\nDim t As Integer\nFor Each n As Integer In v\nt += n\nNext\nPrint t, v.Count",
+       "3 2\n"},
+      {"Dim a() As Integer\nTry\na.Insert(1, 5)\nCatch e As OutOfBoundsException\nPrint a.Count\nEnd Try", "0\n"},
+      {"Dim a(2) As Integer\na.ResizeTo(0)\nPrint a.Count\na.ResizeTo(-9)\nPrint a.Count", "1\n0\n"},
+      {"Dim s() As String = Array(\"b\", \"C\", \"a\")\ns.Sort\nPrint Join(s)", "a b C\n"},
+      {"Dim v() As Variant = Array(1, \"a\")\nv.Sort", "2:3: TypeMismatchException: These two cannot be compared.\n"},
+  });
+}
+
+TEST(Language, DictionariesAndVariants) {
+  check({
+      {"Dim d As New Dictionary\nd.Value(\"Key\") = 1\nd.Value(\"KEY\") = 2\nd.Value(1.0) = 3\nd.Value(1) = 4\nPrint "
+       "d.Count, d.Value(\"key\"), d.Value(1)",
+       "2 2 4\n"},
+      {"Dim d As New Dictionary\nPrint d.Value(\"none\")",
+       "2:9: KeyNotFoundException: The dictionary has no key \"none\".\n"},
+      {"Dim d As New Dictionary\nd.Value(1) = New Dictionary\nd.Value(1).Value(2) = \"deep\"\nPrint d.Value(1).Value(2)",
+       "deep\n"},
+      {"Dim d As New Dictionary\nd.Value(1) = 5\nd.Value(1) += 2\nPrint d.Value(1), d.Lookup(2, \"no\")", "7 no\n"},
+      {"Print VarType(1), VarType(\"\"), VarType(1.5), VarType(True), VarType(Nil), VarType(New Date), VarType(Array(1))",
+       "3 8 5 11 0 7 4099\n"},
+      {"Dim v As Variant = \"12\"\nPrint v.Length, v.Uppercase\nv = 12\nPrint v.StringValue.Length", "2 12\n2\n"},
+  });
+}
+
 // Everything that the parser refuses, with the place to which the message points.
 TEST(Language, Errors) {
   check({

@@ -110,6 +110,9 @@ TEST_F(SiblingsTest, FontsAndColoursAreMadeAndRead) {
   const Value orange = shared("NSColorZKT", "colorWithDeviceRGB",
                               {Value::integer(1), Value::number(0.5), Value::integer(0), Value::integer(1)});
   EXPECT_EQ(toDouble(read(orange.asObject(), "greenComponent")), 0.5);
+  const Value ink = shared("NSColorZKT", "colorWithDeviceCMYK", std::vector<Value>(5, Value::number(0.25)));
+  EXPECT_EQ(toDouble(read(ink.asObject(), "yellowComponent")), 0.25);
+  EXPECT_EQ(toDouble(read(shared("NSColorZKT", "redColor").asObject(), "redComponent")), 1);
   // A grey has no green: the platform refuses, and the program sees its exception.
   const Value grey = shared("NSColorZKT", "colorWithDeviceWhite", {Value::number(0.5), Value::integer(1)});
   EXPECT_EQ(toDouble(read(grey.asObject(), "whiteComponent")), 0.5);

@@ -8,6 +8,7 @@
 #include "bridge/dictionary_access.hpp"
 #include "bridge/folder_items.hpp"
 #include "bridge/host_classes.hpp"
+#include "bridge/memory.hpp"
 #include "bridge/platform_classes.hpp"
 #include "host/runtime/array.hpp"
 #include "host/runtime/conversion.hpp"
@@ -254,6 +255,9 @@ void BridgeTest::forgetServices() {
   plugin::pVariantType = nullptr;
   bridge::GetTrueFolderItem = nullptr;
   bridge::doneGetTrueFolderItem = false;
+  bridge::myMemoryBlockGetPtr = nullptr;
+  bridge::memoryBlockConstructor = nullptr;
+  bridge::memoryBlockConstructorSought = false;
 }
 
 void BridgeTest::useRegistry() {

@@ -47,6 +47,12 @@ std::string exceptionOf(Body&& body) {
          NSString::UTF8String(NSException::reason(exception));
 }
 
+// The host's own service, for what stands in front of it.
+template <class Signature>
+Signature* hostService(const char* name) {
+  return reinterpret_cast<Signature*>(host::Runtime::resolve(name));
+}
+
 // The message of the host exception that was raised since the last call, with its class; or "".
 std::string raisedException();
 

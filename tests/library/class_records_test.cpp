@@ -1,5 +1,9 @@
 // The five class records as the host reads them: every member, in order.
 #include "plugin/class_records.hpp"
+
+#include <array>
+#include <cstring>
+
 #include "platform/appkit_keys.h"
 #include "tests/library/member_calls.hpp"
 
@@ -220,6 +224,59 @@ TEST_F(ClassRecords, KeysAreThePlatforms) {
   for (const auto& [declaration, key] : rows) {
     EXPECT_EQ(calls::utf8(calls::callShared("NSAttributedStringZKT", declaration)), NSString::UTF8String(key))
         << declaration;
+  }
+}
+
+// The 64-bit slots of a record, as the host reads them.
+template <std::size_t Count, class Record>
+std::array<uint64_t, Count> slotsOf(const Record& record) {
+  static_assert(sizeof record == Count * sizeof(uint64_t));
+  std::array<uint64_t, Count> slots;
+  std::memcpy(slots.data(), &record, sizeof record);
+  return slots;
+}
+
+template <std::size_t Count>
+void expectZeros(const std::array<uint64_t, Count>& slots, std::initializer_list<std::size_t> places, const char* what) {
+  for (const std::size_t place : places) EXPECT_EQ(slots[place], 0U) << what << ", slot " << place;
+}
+
+void expectMethodSlots(const plugin::MethodRecord* methods, uint64_t count) {
+  for (uint64_t index = 0; index < count; ++index) {
+    const auto slots = slotsOf<6>(methods[index]);
+    EXPECT_NE(slots[0], 0U) << methods[index].declaration;
+    EXPECT_EQ(slots[3], 4U) << methods[index].declaration;
+    expectZeros(slots, {1, 4, 5}, methods[index].declaration);
+  }
+}
+
+void expectPropertySlots(const plugin::PropertyRecord& property) {
+  const auto slots = slotsOf<12>(property);
+  EXPECT_EQ(slots[3], 6U) << property.name;
+  expectZeros(slots, {0, 6, 7, 8, 9, 10, 11}, property.name);
+  const bool isHandle = std::string_view(property.name) == "Handle";
+  EXPECT_EQ(slots[4] == ~uint64_t{0}, isHandle) << property.name;
+  EXPECT_EQ(slots[5] == ~uint64_t{0}, isHandle) << property.name;
+}
+
+const plugin::ClassRecord* const records[] = {&plugin::NSAttributedStringClass, &plugin::NSMutableAttributedStringClass,
+                                              &plugin::NSTextAttachmentClass, &plugin::NSFileWrapperClass,
+                                              &plugin::NSShadowClass};
+
+TEST(ClassRecordSlots, HoldFlagsAndZerosWhereTheHostLooksForThem) {
+  for (const plugin::ClassRecord* record : records) {
+    const auto slots = slotsOf<30>(*record);
+    EXPECT_EQ(slots[20], 4U) << record->name;
+    expectZeros(slots, {4, 11, 12, 13, 14, 15, 16, 17, 21, 22, 25, 26, 27, 28, 29}, record->name);
+    for (const auto& [table, count] : {std::pair{7, 8}, {9, 10}, {18, 19}, {23, 24}}) {
+      EXPECT_EQ(slots[static_cast<std::size_t>(table)] == 0, slots[static_cast<std::size_t>(count)] == 0) << record->name;
+    }
+    for (uint64_t index = 0; index < record->propertyCount; ++index) expectPropertySlots(record->properties[index]);
+    expectMethodSlots(record->methods, record->methodCount);
+    expectMethodSlots(record->sharedMethods, record->sharedMethodCount);
+    for (uint64_t index = 0; index < record->constantCount; ++index) {
+      expectZeros(slotsOf<5>(record->constants[index]), {1, 2, 3, 4}, record->constants[index].declaration);
+    }
   }
 }
 

@@ -1,4 +1,6 @@
 // Dictionaries in both directions: contents, nesting, the methods in use, and failures in the middle.
+#include <limits>
+
 #include "bridge/dictionary_access.hpp"
 #include "bridge/from_object.hpp"
 #include "bridge/to_dictionary.hpp"
@@ -88,6 +90,134 @@ TEST_F(Dictionaries, WithoutAMethodLoseWhatItReaches) {
     EXPECT_EQ(show(toPlatform(dictionary)), expected) << missing;
     allOn();
   }
+}
+
+bool isMutable(NSDictionary* dictionary) {
+  return NSObject::isKindOfClass(dictionary, classOf<NSMutableDictionary>()) != NO;
+}
+
+int64_t countAnswer;
+bool answerCount(plugin::REALobject, const char* property, int64_t* count) {
+  *count = countAnswer;
+  return property == std::string_view("Count");
+}
+
+TEST_F(Dictionaries, ThatCountNoEntriesAreImmutable) {
+  const HostHeld dictionary = made({{Value::string("a"), Value::integer(1)}});
+  EXPECT_TRUE(isMutable(toPlatform(dictionary)));
+  EXPECT_FALSE(isMutable(toPlatform(made({}))));
+  intercept("REALGetPropValueInteger", reinterpret_cast<void*>(&answerCount));
+  for (const int64_t count : {int64_t{0}, int64_t{-1}, std::numeric_limits<int64_t>::min()}) {
+    countAnswer = count;
+    EXPECT_EQ(show(toPlatform(dictionary)), "{}") << count;
+    EXPECT_FALSE(isMutable(toPlatform(dictionary))) << count;
+  }
+}
+
+TEST_F(Dictionaries, WithoutKeysKeepTheirOtherMethods) {
+  switchOff(keyGetter);
+  NSDictionary* const empty = toPlatform(made({{Value(), Value::integer(1)}}));
+  EXPECT_EQ(show(empty), "{}");
+  EXPECT_TRUE(isMutable(empty));
+  EXPECT_NE(bridge::LastDictionarySetter, nullptr);
+  EXPECT_NE(bridge::LastDictionaryGetter, nullptr);
+  EXPECT_EQ(bridge::LastDictionaryKeyGetter, nullptr);
+}
+
+// Two dictionaries, A and B, with methods of their own, which must be called with their own dictionary; and what was loaded.
+plugin::REALobject owners[2];
+std::string loaded;
+
+void* realMethod(plugin::REALobject object, const char* declaration) {
+  return hostService<decltype(realMethod)>("REALLoadObjectMethod")(object, declaration);
+}
+
+template <int owner>
+plugin::REALobject ownKey(plugin::REALobject dictionary, int64_t index) {
+  EXPECT_EQ(dictionary, owners[owner]);
+  return reinterpret_cast<decltype(&ownKey<owner>)>(realMethod(dictionary, keyGetter))(dictionary, index);
+}
+template <int owner>
+plugin::REALobject ownValue(plugin::REALobject dictionary, plugin::REALobject key) {
+  EXPECT_EQ(dictionary, owners[owner]);
+  return reinterpret_cast<decltype(&ownValue<owner>)>(realMethod(dictionary, getter))(dictionary, key);
+}
+
+template <int owner>
+void* loadOwn(const char* declaration) {
+  const std::string_view wanted = declaration;
+  loaded += "AB"[owner] + std::string(wanted == setter ? "= " : wanted == getter ? ". " : "# ");
+  if (wanted == keyGetter) return reinterpret_cast<void*>(&ownKey<owner>);
+  return wanted == getter ? reinterpret_cast<void*>(&ownValue<owner>) : nullptr;
+}
+
+void* loadMethod(plugin::REALobject object, const char* declaration) {
+  const std::string_view wanted = declaration;
+  if (wanted != setter && wanted != getter && wanted != keyGetter) return realMethod(object, declaration);
+  return object == owners[0] ? loadOwn<0>(declaration) : loadOwn<1>(declaration);
+}
+
+TEST_F(Dictionaries, AreReachedThroughTheirOwnMethods) {
+  const HostHeld b = made({{Value::string("x"), Value::integer(1)}, {Value::string("y"), Value::integer(2)}});
+  const HostHeld a = made({{Value::string("after"), Value::integer(3)}});
+  const HostHeld outer = made({{Value::string("before"), Value::integer(4)},
+                               {Value::string("inner"), Value::object(b)},
+                               {Value::string("outer"), Value::integer(5)}});
+  intercept("REALLoadObjectMethod", reinterpret_cast<void*>(&loadMethod));
+  const struct {
+    std::vector<host::HostObject*> converted;
+    const char* expected;
+    const char* loaded;
+  } cases[] = {
+      {{b}, "{'x': q 1, 'y': q 2}", "B= B. B# "},
+      {{a, b}, "{'after': q 3}{'x': q 1, 'y': q 2}", "A= A. A# B= B. B# "},
+      {{a, a}, "{'after': q 3}{'after': q 3}", "A= A. A# A= A. A# "},
+      {{outer}, "{'before': q 4, 'inner': {'x': q 1, 'y': q 2}, 'outer': q 5}", "A= A. A# B= B. B# A= A. A# "},
+  };
+  for (const auto& each : cases) {
+    owners[0] = forLibrary(each.converted.front());
+    owners[1] = forLibrary(b);
+    if (owners[0] == owners[1]) owners[0] = nullptr;
+    loaded.clear();
+    std::string result;
+    for (host::HostObject* const dictionary : each.converted) result += show(toPlatform(dictionary));
+    EXPECT_EQ(result, each.expected);
+    EXPECT_EQ(loaded, each.loaded) << result;
+  }
+}
+
+// What happens to an entry, in order.
+std::string steps;
+plugin::REALobject makeStringVariant(plugin::REALstring string) {
+  plugin::REALobject const made = hostService<decltype(makeStringVariant)>("StringToVariant")(string);
+  steps += "made " + show(made) + "; ";
+  return made;
+}
+void unlockVariant(plugin::REALobject object) {
+  steps += "unlocked " + show(object) + "; ";
+  hostService<decltype(unlockVariant)>("REALUnlockObject")(object);
+}
+NSArray* oneKey(NSObject*, SEL) { return arrayOf({text("k")}); }
+NSObject* valueOfKey(NSObject*, SEL, NSObject*) {
+  steps += "asked; ";
+  return text("v");
+}
+
+TEST_F(Dictionaries, TakeEachEntryInOrderAndGiveTheKeyBackFirst) {
+  intercept("StringToVariant", reinterpret_cast<void*>(&makeStringVariant));
+  intercept("REALUnlockObject", reinterpret_cast<void*>(&unlockVariant));
+  steps.clear();
+  toPlatform(made({{Value::string("k"), Value::integer(1)}}));
+  EXPECT_EQ(steps, "unlocked String k; unlocked Integer 1; ");
+  const Class watched = objc_allocateClassPair(classOf<NSObject>(), "WatchedDictionary", 0);
+  class_addMethod(watched, NSDictionary::allKeys.selector(), reinterpret_cast<IMP>(&oneKey), "@@:");
+  class_addMethod(watched, NSDictionary::objectForKey.selector(), reinterpret_cast<IMP>(&valueOfKey), "@@:@");
+  objc_registerClassPair(watched);
+  const Owned<NSObject> dictionary = adopt(NSObject::init(NSObject::alloc(watched)));
+  steps.clear();
+  const Variant converted = toHost(static_cast<NSDictionary*>(dictionary.get()));
+  EXPECT_EQ(steps, "asked; made String k; made String v; unlocked String k; unlocked String v; ");
+  EXPECT_EQ(show(converted), "{String k: String v}");
 }
 
 void throwingSetter(plugin::REALobject, plugin::REALobject, plugin::REALobject) {

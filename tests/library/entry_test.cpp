@@ -1,8 +1,15 @@
 // The entry point: the version handshake, the registration of the classes, and the Foundation bundle of built applications.
 #include "plugin/entry.hpp"
 
+#include <dlfcn.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <vector>
 
+#include "platform/guard.h"
+#include "platform/owned.h"
 #include "plugin/class_records.hpp"
 #include "tests/library/offered_services.hpp"
 
@@ -17,13 +24,17 @@ struct FolderRequest {
   bool create = false;
 };
 FolderRequest folderRequest;
+// The folder of frameworks; none when empty.
+std::string frameworks;
 
 }  // namespace
 
-// Stands in front of the platform's: there is no folder of frameworks here.
-extern "C" OSErr FSFindFolder(FSVolumeRefNum volume, OSType folder, Boolean create, FSRef*) {
+// Stands in front of the platform's.
+extern "C" OSErr FSFindFolder(FSVolumeRefNum volume, OSType folder, Boolean create, FSRef* found) {
   folderRequest = {folderRequest.count + 1, volume, folder, create != 0};
-  return -43;
+  if (frameworks.empty()) return -43;
+  NSString* const path = NSString::stringWithUTF8String(classOf<NSString>(), frameworks.c_str());
+  return CFURLGetFSRef(NSURL::fileURLWithPath(classOf<NSURL>(), path), found) != 0 ? noErr : -43;
 }
 
 namespace {
@@ -51,6 +62,7 @@ class Entry : public frame_test::OfferedServices {
     built = false;
     registered.clear();
     folderRequest = {};
+    frameworks.clear();
   }
 };
 
@@ -82,6 +94,7 @@ TEST_F(Entry, TheClassesAreRegisteredInOrderWithTheirSizesRoundedUp) {
   NSShadowClass.instanceDataSize = 32;
   REALPluginMain(&resolve);
   NSShadowClass.instanceDataSize = 8;
+  EXPECT_EQ(NSShadowClass.versionHighHalf, 0U);
   const std::vector<Registered> expected = {{"NSAttributedStringZKT", 16, 10},
                                             {"NSMutableAttributedStringZKT", 0, 10},
                                             {"NSTextAttachmentZKT", 16, 10},
@@ -109,6 +122,51 @@ TEST_F(Entry, TheFrameworksFolderIsSoughtOnlyInABuiltApplication) {
   EXPECT_EQ(folderRequest.folder, 0x6672616DU);
   EXPECT_TRUE(folderRequest.create);
   EXPECT_EQ(FoundationFramework, nullptr);
+}
+
+// A folder with a Foundation.framework in it, gone again at the end.
+class FrameworksFolder {
+ public:
+  FrameworksFolder() {
+    char pattern[] = "/tmp/frameworksXXXXXX";
+    path_ = mkdtemp(pattern);
+    frameworks = path_;
+  }
+  ~FrameworksFolder() { std::filesystem::remove_all(path_); }
+  FrameworksFolder(const FrameworksFolder&) = delete;
+  FrameworksFolder& operator=(const FrameworksFolder&) = delete;
+  std::filesystem::path bundle() const { return path_ / "Foundation.framework"; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// A library that can be loaded as any framework's code.
+std::filesystem::path loadedLibrary() {
+  Dl_info found{};
+  dladdr(reinterpret_cast<const void*>(&CFBundleCreate), &found);
+  return std::filesystem::canonical(found.dli_fname);
+}
+
+TEST_F(Entry, TheFoundationBundleIsKeptWhenItsCodeCouldBeLoaded) {
+  offer("REALinRuntime", inRuntime);
+  built = true;
+  const FrameworksFolder folder;
+  const auto startOnce = [&] {
+    const AutoreleasePool pool;
+    REALPluginMain(&resolve);
+    return adopt(std::exchange(FoundationFramework, nullptr));
+  };
+  EXPECT_EQ(startOnce(), nullptr) << "no bundle";
+  std::filesystem::create_directory(folder.bundle());
+  EXPECT_EQ(startOnce(), nullptr) << "no code";
+  std::ofstream(folder.bundle() / "Foundation") << "no code at all";
+  EXPECT_EQ(startOnce(), nullptr) << "code that cannot be loaded";
+  std::filesystem::remove(folder.bundle() / "Foundation");
+  std::filesystem::create_symlink(loadedLibrary(), folder.bundle() / "Foundation");
+  const Owned<__CFBundle> kept = startOnce();
+  ASSERT_NE(kept, nullptr);
+  EXPECT_EQ(NSObject::retainCount(reinterpret_cast<NSObject*>(kept.get())), 1U);
 }
 
 }  // namespace

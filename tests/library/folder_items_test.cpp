@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "host/runtime/exception.hpp"
 #include "host/runtime/folder_item.hpp"
 #include "host/runtime/string.hpp"
 #include "tests/library/bridge_fixture.hpp"
@@ -12,6 +13,8 @@ namespace bridge_test {
 namespace {
 
 namespace filesystem = std::filesystem;
+
+constexpr const char* pathMethod = "GetTrueFolderItem(path As String, pathMode As Integer) As FolderItem";
 
 class FolderItems : public BridgeTest {
  protected:
@@ -83,10 +86,12 @@ TEST_F(FolderItems, HaveLongNamesCut) {
   }
 }
 
+bool realReference(plugin::REALfolderItem item, FSRef* reference, HFSUniStr255* leaf) {
+  return hostService<decltype(realReference)>("REALFSRefFromFolderItem")(item, reference, leaf);
+}
+
 bool emptyLeaf(plugin::REALfolderItem item, FSRef* reference, HFSUniStr255* leaf) {
-  auto* const real = reinterpret_cast<bool (*)(plugin::REALfolderItem, FSRef*, HFSUniStr255*)>(
-      host::Runtime::resolve("REALFSRefFromFolderItem"));
-  if (leaf == nullptr || !real(item, reference, leaf)) return false;
+  if (leaf == nullptr || !realReference(item, reference, leaf)) return false;
   leaf->length = 0;
   return true;
 }
@@ -94,6 +99,22 @@ bool emptyLeaf(plugin::REALfolderItem item, FSRef* reference, HFSUniStr255* leaf
 TEST_F(FolderItems, WithoutANameAreNil) {
   intercept("REALFSRefFromFolderItem", reinterpret_cast<void*>(&emptyLeaf));
   EXPECT_EQ(pathThroughURL(inFolder("not there")), "nil");
+}
+
+// A reference that leads nowhere, so that no URL can be made of it: the item's own, or its parent's too.
+bool parentIsLost;
+bool lostReference(plugin::REALfolderItem item, FSRef* reference, HFSUniStr255* leaf) {
+  const bool answered = realReference(item, reference, leaf);
+  if (leaf == nullptr || parentIsLost) *reference = {};
+  return answered;
+}
+
+TEST_F(FolderItems, WhoseReferenceIsLostAreFoundInTheirParent) {
+  intercept("REALFSRefFromFolderItem", reinterpret_cast<void*>(&lostReference));
+  for (const bool lost : {false, true}) {
+    parentIsLost = lost;
+    EXPECT_EQ(pathThroughURL(inFolder("there.txt")), lost ? "nil" : inFolder("there.txt"));
+  }
 }
 
 TEST_F(FolderItems, AreNilWhereTheHostCannotHelp) {
@@ -106,10 +127,42 @@ TEST_F(FolderItems, AreNilWhereTheHostCannotHelp) {
 
 // The look-up is not repeated: a host that learns the method later has learnt it too late.
 TEST_F(FolderItems, OfRootsNeedTheHostsPathMethod) {
-  switchOff("GetTrueFolderItem(path As String, pathMode As Integer) As FolderItem");
+  switchOff(pathMethod);
   EXPECT_EQ(itemAt("/"), "nil");
   runtime().faults().clear();
   EXPECT_EQ(itemAt("/"), "nil");
+}
+
+// The host's path method: what it was asked for, how often it was looked up, and whether it throws.
+struct {
+  std::string arguments;
+  int lookups;
+  bool throws;
+} asked;
+
+plugin::REALfolderItem itemByPath(plugin::REALstring path, int64_t mode) {
+  asked.arguments = host::utf8Of(reinterpret_cast<host::HostString*>(path)) + " " + std::to_string(mode);
+  if (asked.throws) host::throwException("UnsupportedFormatException", "refused");
+  return static_cast<plugin::REALfolderItem>(forLibrary(host::makeFolderItem("/usr").detach()));
+}
+
+void* loadItemByPath(void* module, const char* declaration) {
+  if (declaration != std::string_view(pathMethod)) {
+    return hostService<decltype(loadItemByPath)>("REALLoadGlobalMethod")(module, declaration);
+  }
+  ++asked.lookups;
+  return module == nullptr ? reinterpret_cast<void*>(&itemByPath) : nullptr;
+}
+
+// The path string is given back in any case.
+TEST_F(FolderItems, OfRootsAreAskedForByPath) {
+  intercept("REALLoadGlobalMethod", reinterpret_cast<void*>(&loadItemByPath));
+  asked = {};
+  for (int time = 0; time < 2; ++time) EXPECT_EQ(itemAt("/"), "FolderItem /usr");
+  EXPECT_EQ(asked.arguments, "/ 3");
+  asked.throws = true;
+  EXPECT_THROW(itemAt("/"), host::HostException);
+  EXPECT_EQ(asked.lookups, 1);
 }
 
 TEST_F(FolderItems, AreToldFromOtherObjects) {

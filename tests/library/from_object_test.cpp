@@ -1,6 +1,9 @@
 // Host objects as platform objects: every class of every list.
 #include "bridge/from_object.hpp"
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "bridge/host_classes.hpp"
 #include "bridge/sibling_messages.hpp"
 #include "bridge/to_variant.hpp"
@@ -109,6 +112,38 @@ TEST_F(FromObject, CarriesStrangersThroughThePlatformAndBack) {
   ASSERT_NE(object, nullptr);
   const Variant back = plugin::adoptHost(bridge::NewVariantFromNSObject(object));
   EXPECT_EQ(back.get(), stranger.get());
+}
+
+// Classes that the host does not know yet.
+bool unknownYet;
+plugin::REALclassRef lateClass(const char* name) {
+  if (unknownYet && (name == std::string_view("NSTaskZKT") || name == std::string_view("CGPathZKT"))) return nullptr;
+  return hostService<decltype(lateClass)>("pluginObjectType")(name);
+}
+
+// In a process of its own, in which no row has been reached before.
+TEST_F(FromObject, KnowsLateClassesOnlyInRowsThatAreLookedUpEachTime) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto knowsLater = [] {
+    intercept("pluginObjectType", reinterpret_cast<void*>(&lateClass));
+    NSString* const wrapped = text("wrapped");
+    std::string known;
+    for (const char* hostClass : {"NSTaskZKT", "CGPathZKT"}) {
+      const Variant wrapper = plugin::newInstance(hostClass);
+      plugin::setPlatformObject(wrapper, NSObject::retain(wrapped));
+      for (const bool unknown : {true, false}) {
+        unknownYet = unknown;
+        if (converted(wrapper) == wrapped) known += std::string(hostClass) + (unknown ? " at once, " : " later, ");
+      }
+    }
+    return known;
+  };
+  EXPECT_EXIT(
+      {
+        std::fputs(knowsLater().c_str(), stderr);
+        std::_Exit(0);
+      },
+      testing::ExitedWithCode(0), "^CGPathZKT later, $");
 }
 
 TEST_F(FromObject, MatchesNothingWhereTheHostCannotTestClasses) {

@@ -6,6 +6,7 @@
 #include "bridge/nesting.hpp"
 #include "host/runtime/array.hpp"
 #include "host/runtime/date.hpp"
+#include "host/runtime/dictionary.hpp"
 #include "host/runtime/variant.hpp"
 #include "tests/library/bridge_fixture.hpp"
 
@@ -44,7 +45,15 @@ TEST_F(FromVariant, DecidesByTypeCode) {
     const std::string expected = row != byCode.end() ? row->second.second : isString ? "'héllo'" : "nil";
     EXPECT_EQ(shown(host::boxedWithTypeCode(value, code)), expected) << code;
   }
-  EXPECT_EQ(shown(host::boxed(Value::boolean(false))), "c 0");
+  // Of a boolean's number the low byte alone counts.
+  for (const auto& [number, expected] : {std::pair(0, "c 0"), {256, "c 0"}, {512 + 3, "c 1"}}) {
+    EXPECT_EQ(shown(host::boxedWithTypeCode(Value::integer(number), 11)), expected) << number;
+  }
+  // Nothing in these boxes is an array: what is taken for one is empty.
+  const std::set<int64_t> arrayCodes = {4098, 4099, 4100, 4101, 4103, 4104, 4105, 4107, 4133};
+  for (int64_t code = 4090; code <= 4200; ++code) {
+    EXPECT_EQ(shown(host::boxedWithTypeCode(Value::integer(1), code)), arrayCodes.count(code) != 0 ? "[]" : "nil") << code;
+  }
   EXPECT_EQ(shown(host::boxedWithTypeCode(Value::string(""), 8)), "''");
 }
 
@@ -119,6 +128,16 @@ TEST_F(FromVariant, ConvertsArraysOfEveryKindByBothRoutes) {
   }
 }
 
+TEST_F(FromVariant, ReadsDatesThroughTheirProperty) {
+  const HostHeld date = host::makeDate({2014, 3, 5, 6, 7, 8});
+  NSObject* const converted = bridge::GetVariantAsNSObject(forLibrary(date));
+  ASSERT_NE(converted, nullptr);
+  EXPECT_EQ(NSCalendarDate::dayOfMonth(converted), 5);
+  EXPECT_EQ(shown(host::boxedWithTypeCode(Value::string("no date"), 7)), "nil");
+  switchOff("REALGetPropValueObject");
+  EXPECT_EQ(shown(date), "nil");
+}
+
 TEST_F(FromVariant, ConvertsArraysOfDates) {
   HostHeld dates = host::makeArray(host::typeNamed("Date"), -1);
   for (const int64_t year : {1999, 2024}) host::appendElement(dates, Value::object(host::makeDate({year, 2, 28, 1, 2, 3})));
@@ -158,18 +177,51 @@ int64_t shrunkBound(plugin::REALobject) {
 
 TEST_F(FromVariant, ReportsElementsThatDisappearWhileTheArrayIsRead) {
   intercept("RuntimeUBound", reinterpret_cast<void*>(&shrunkBound));
+  const std::string refused = "nil was refused";
   const struct {
-    Kind kind;
+    const char* type;
     Value element;
-    const char* expected;
+    std::string expected;
   } cases[] = {
-      {Kind::Integer, Value::integer(8), "[q 8, q 8, q 0]"},
-      {Kind::Boolean, Value::boolean(true), "[c 1, c 1, c 0]"},
-      {Kind::String, Value::string("s"), "['s', 's', '']"},
+      {"Integer", Value::integer(8), "[q 8, q 8, q 0]"},
+      {"Boolean", Value::boolean(true), "[c 1, c 1, c 0]"},
+      {"String", Value::string("s"), "['s', 's', '']"},
+      {"Text", Value::text(host::HostText::make("t")), "['t', 't', '']"},
+      {"Variant", Value::integer(8), refused},
+      {"Date", Value::object(host::makeDate({2014, 3, 5, 6, 7, 8})), refused},
   };
-  for (const auto& [kind, element, expected] : cases) {
-    EXPECT_EQ(shown(array(kind, {element, element, element})), expected);
+  for (const auto& [type, element, expected] : cases) {
+    const HostHeld array = host::makeArray(host::typeNamed(type), 2);
+    for (int64_t index = 0; index < 3; ++index) host::setElement(array, index, element);
+    std::string result = refused;
+    const std::string exception = exceptionOf([&] { result = shown(array); });
+    EXPECT_EQ(result, expected) << type;
+    EXPECT_EQ(exception.find("NSInvalidArgumentException") == 0, expected == refused) << type << ": " << exception;
     EXPECT_EQ(raisedException(), "OutOfBoundsException: Parameter index  is too big. Range is 0 to 1, but value is 2.");
+  }
+}
+
+// Deeper values are refused as a whole rather than cut short.
+TEST_F(FromVariant, RefusesValuesThatNestTooDeeply) {
+  const auto nested = [](int levels) {
+    HostHeld object;
+    for (int level = 0; level < levels; ++level) {
+      HostHeld outer = level % 2 == 0 ? array(Kind::Object, {}) : host::makeDictionary();
+      const Value inner = object ? Value::object(object) : Value::string("core");
+      if (level % 2 == 0) {
+        host::appendElement(outer, inner);
+      } else {
+        host::setDictionaryValue(outer, Value::string("k"), inner);
+      }
+      object = std::move(outer);
+    }
+    return object;
+  };
+  EXPECT_EQ(shown(nested(3)), "[{'k': ['core']}]");
+  EXPECT_EQ(exceptionOf([&] { shown(nested(bridge::nestingLimit)); }), "");
+  for (const int levels : {bridge::nestingLimit + 1, 100000}) {
+    EXPECT_EQ(exceptionOf([&] { shown(nested(levels)); }),
+              "NSInvalidArgumentException: Values are nested more than 1000 levels deep, or contain themselves.");
   }
 }
 

@@ -102,6 +102,36 @@ TEST_F(HtmlReader, FontSizes) {
   });
 }
 
+TEST_F(HtmlReader, OddUnitsInTextAndTags) {
+  const auto linkOf = [](std::u16string_view source) {
+    hold(html::linkString, Owned<NSString>());
+    const auto styled = read(source);
+    auto* const link = NSAttributedString::attributeAtIndex(styled, NSLinkAttributeName, 0, nullptr);
+    return link == nullptr ? std::u16string(u"none") : unitsOf(static_cast<NSString*>(link));
+  };
+  EXPECT_EQ(linkOf({u"<a href=\"u\0v\">x", 15}), std::u16string(u"u\0v", 3));
+  EXPECT_EQ(linkOf({u"<a href=u\0v>x", 13}), std::u16string(u"u\0v", 3));
+  EXPECT_EQ(linkOf(u"<a href=\"\xD800\">x"), u"\xD800");
+  EXPECT_EQ(linkOf(u"<a href=\xDC00\xD800>x"), u"\xDC00\xD800");
+  const auto fontSizeOf = [](std::u16string_view source) {
+    auto* const font = NSAttributedString::attributeAtIndex(read(source), NSFontAttributeName, 0, nullptr);
+    return NSFont::pointSize(static_cast<NSFont*>(font));
+  };
+  hold(html::linkString, Owned<NSString>());
+  EXPECT_EQ(fontSizeOf({u"<font size=5\0009>x", 16}), 14.0) << "a number ends at the zero character";
+  EXPECT_EQ(fontSizeOf({u"<font size=\0005>x", 15}), 12.0);
+  EXPECT_EQ(fontSizeOf(u"<font size=5\xD800>x"), 14.0);
+  EXPECT_EQ(fontSizeOf(u"<font size=\xD800>x"), 12.0);
+  for (const std::u16string_view tag :
+       {std::u16string_view(u"<b\0>", 4), std::u16string_view(u"<\0b>", 4), std::u16string_view(u"<b\xD800>"),
+        std::u16string_view(u"<\xDC00"
+                            u"b>")}) {
+    EXPECT_EQ(show(read(std::u16string(tag) + u"x")), "{12}x ") << "no bold tag";
+  }
+  EXPECT_EQ(unitsOf(NSAttributedString::string(read({u"a\0<b>\xD800</b>\xDC00", 11}))),
+            std::u16string(u"a\0\xD800\xDC00 ", 5));
+}
+
 TEST_F(HtmlReader, EntitiesStayWhileTheirTableIsEmpty) {
   expectReadings({
       {u"a &amp; b", "{12}a &amp; b "},

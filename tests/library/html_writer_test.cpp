@@ -97,6 +97,38 @@ TEST_F(HtmlWriter, Colors) {
   EXPECT_EQ(written({runs[1], {u"c", plain}}), "<font color=\"#0000ff\">b</font>c");
 }
 
+// Links and colours are told apart as objects, fonts by what they are.
+TEST_F(HtmlWriter, EqualValuesOfDistinctObjects) {
+  NSFont* const plain = font(12);
+  NSFont* const slanted = font(12, NSItalicFontMask);
+  const auto distinct = [] { return link(u"a target too long to be kept without an object of its own"); };
+  const std::string open = "<a href=\"a target too long to be kept without an object of its own\">";
+  NSString *const one = distinct(), *const other = distinct();
+  ASSERT_NE(one, other);
+  EXPECT_EQ(written({{u"a", plain, one}, {u"b", slanted, other}}), open + "a</a>" + open + "<i>b</a></i>");
+  EXPECT_EQ(written({{u"a", plain, one}, {u"b", slanted, one}}), open + "a<i>b</a></i>");
+  NSColor *const red = rgb(1, 0, 0), *const sameRed = rgb(1, 0, 0);
+  ASSERT_NE(red, sameRed);
+  EXPECT_EQ(written({{u"a", plain, nullptr, nullptr, red}, {u"b", slanted, nullptr, nullptr, sameRed}}),
+            "<font color=\"#ff0000\">a<i></font><font color=\"#ff0000\">b</font></i>");
+  EXPECT_EQ(written({{u"a", plain, nullptr, nullptr, red}, {u"b", slanted, nullptr, nullptr, red}}),
+            "<font color=\"#ff0000\">a<i>b</font></i>");
+}
+
+TEST_F(HtmlWriter, ALinkIsWrittenAsItDescribesItself) {
+  NSURL* const url = NSURL::URLWithString(classOf<NSURL>(), link(u"http://example.org/a?b=c&d#e"));
+  EXPECT_EQ(written({{u"a", font(12), url}}), "<a href=\"http://example.org/a?b=c&d#e\">a</a>");
+  NSURL* const relative = NSURL::URLWithString(classOf<NSURL>(), link(u"page.html"));
+  EXPECT_EQ(written({{u"a", font(12), relative}}), "<a href=\"page.html\">a</a>");
+}
+
+TEST_F(HtmlWriter, EqualAttributesInConsecutiveRunsWriteNothing) {
+  NSFont* const bold = font(14, NSBoldFontMask);
+  EXPECT_EQ(written({{u"a", bold}, {u"b", bold}, {u"c", bold, nullptr, flag(0)}}), "<b><font size=5>abc</font></b>");
+  EXPECT_EQ(written({{u"a", bold, link(u"u")}, {u"b", bold, link(u"u")}}), "<a href=\"u\"><b><font size=5>ab</a></font></b>")
+      << "runs of equal attributes are one, although the links are two";
+}
+
 TEST_F(HtmlWriter, ReadsBackWhatItCan) {
   const auto text = read(u"Hello <b>bold</b><i>italic<u>both</u></i><font size=5>big</font><a href=\"u\">link</a>");
   const std::string html = utf8(unitsOf(html::htmlString_ZKT(text)));
@@ -115,6 +147,8 @@ TEST_F(HtmlWriter, ColorTexts) {
   const auto text = [&](NSColor* color) { return utf8(unitsOf(html::ColorPaletteZKT::stringForColor(palette, color))); };
   EXPECT_EQ(text(rgb(1, 0.5, 0)), "#ff8000");
   EXPECT_EQ(text(NSColor::colorWithCalibratedWhite(classOf<NSColor>(), 0.5, 1.0)), "#808080");
+  EXPECT_EQ(text(rgb(1.5, 0, 17)), "#17e0010ef") << "components beyond 1 take more digits";
+  EXPECT_EQ(text(rgb(-0.5, 0, 0)), "#ffffff800000") << "and so do those below 0";
   NSColor* const grey = rgb(0.5, 0.25, 1);
   EXPECT_EQ(utf8(unitsOf(html::ColorPaletteZKT::stringForColorGamma(palette, grey, 2.2))), "#ba88ff");
   EXPECT_EQ(html::ColorPaletteZKT::stringForColor(palette, nullptr), nullptr);

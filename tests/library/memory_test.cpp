@@ -1,7 +1,12 @@
 // Bytes across the boundary, and the blocks that a host cannot make.
 #include "bridge/memory.hpp"
 
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <cstring>
+#include <memory>
+#include <new>
 
 #include "host/runtime/memory_block.hpp"
 #include "platform/owned.h"
@@ -15,17 +20,7 @@ using namespace plugin;
 using bridge::NewNSData;
 using bridge::NSDataRB;
 
-class Memory : public bridge_test::BridgeTest {
- protected:
-  Memory() { forgetMethods(); }
-  ~Memory() override { forgetMethods(); }
-  static void forgetMethods() {
-    forgetServices();
-    bridge::myMemoryBlockGetPtr = nullptr;
-    bridge::memoryBlockConstructor = nullptr;
-    bridge::memoryBlockConstructorSought = false;
-  }
-};
+class Memory : public bridge_test::BridgeTest {};
 
 using Block = HostOwned<REALmemoryBlockStruct>;
 Block block(std::string_view bytes) {
@@ -70,7 +65,6 @@ TEST_F(Memory, IsFoundByEitherRoute) {
   };
   for (const auto& [missing, expected] : cases) {
     for (const char* name : missing) switchOff(name);
-    forgetMethods();
     EXPECT_EQ(bridge_test::show(NewNSData(block("abc"))), expected) << missing[0];
     allOn();
   }
@@ -79,7 +73,6 @@ TEST_F(Memory, IsFoundByEitherRoute) {
 TEST_F(Memory, ThatCannotBeMadeRaises) {
   for (const auto& missing : {std::vector{"newMemoryBlock"}, std::vector{"REALLoadObjectMethod", "memoryBlockGetPtr"}}) {
     for (const char* name : missing) switchOff(name);
-    forgetMethods();
     EXPECT_EQ(NSDataRB(data("abc")), nullptr);
     EXPECT_EQ(bridge_test::raisedException(),
               "OutOfMemoryException: Failed to allocate a memoryblock with 3 bytes in size.");
@@ -87,19 +80,21 @@ TEST_F(Memory, ThatCannotBeMadeRaises) {
   }
 }
 
-// Data of any length without the memory for it: nobody gets so far as to read it.
+// Data of any length: without the memory for it, unless somebody gets so far as to read it.
 NSUInteger claimedLength;
-const void* claimedBytes(NSObject*, SEL) { return &claimedLength; }
+const void* claimedBytes;
+const void* claimBytes(NSObject*, SEL) { return claimedBytes; }
 NSUInteger claimLength(NSObject*, SEL) { return claimedLength; }
-Owned<NSData> dataThatClaims(NSUInteger length) {
+Owned<NSData> dataThatClaims(NSUInteger length, const void* bytes = &claimedLength) {
   static const Class cls = [] {
     const Class made = objc_allocateClassPair(objc_getClass("NSObject"), "ClaimsItsLength", 0);
-    class_addMethod(made, NSData::bytes.selector(), reinterpret_cast<IMP>(&claimedBytes), "^v@:");
+    class_addMethod(made, NSData::bytes.selector(), reinterpret_cast<IMP>(&claimBytes), "^v@:");
     class_addMethod(made, NSData::length.selector(), reinterpret_cast<IMP>(&claimLength), "Q@:");
     objc_registerClassPair(made);
     return made;
   }();
   claimedLength = length;
+  claimedBytes = bytes;
   return adopt(static_cast<NSData*>(NSObject::init(NSObject::alloc(cls))));
 }
 
@@ -164,10 +159,50 @@ TEST_F(LargeMemory, WithoutAConstructorIsNotSoughtAgain) {
 }
 
 TEST_F(Memory, OfThreeGigabytesIsRefusedWithItsSize) {
+  const std::string refusal = "OutOfMemoryException: Failed to allocate a memoryblock with 3000000000 bytes in size.";
   switchOff("Constructor(bytes as Integer)");
   EXPECT_EQ(NSDataRB(dataThatClaims(3000000000)), nullptr);
-  EXPECT_EQ(bridge_test::raisedException(),
-            "OutOfMemoryException: Failed to allocate a memoryblock with 3000000000 bytes in size.");
+  EXPECT_EQ(bridge_test::raisedException(), refusal);
+  allOn();
+  host::setMemoryBlockLimit(1'000'000'000);
+  EXPECT_EQ(NSDataRB(dataThatClaims(3000000000)), nullptr) << "the constructor raises";
+  host::setMemoryBlockLimit(INT64_MAX);
+  EXPECT_EQ(bridge_test::raisedException(), refusal) << "and what it raises is not what the program sees";
+}
+
+REALmemoryBlock throwFromNewBlock(int32_t) { throw std::bad_alloc(); }
+
+TEST_F(Memory, ThatTheHostThrowsForIsRefusedWithItsSize) {
+  intercept("newMemoryBlock", reinterpret_cast<void*>(&throwFromNewBlock));
+  EXPECT_EQ(NSDataRB(data("abc")), nullptr);
+  EXPECT_EQ(bridge_test::raisedException(), "OutOfMemoryException: Failed to allocate a memoryblock with 3 bytes in size.");
+}
+
+struct Unmap {
+  std::size_t size;
+  void operator()(void* address) const { munmap(address, size); }
+};
+
+// The smallest block that the 32-bit service cannot make: copied whole, and the direct route not taken.
+TEST_F(Memory, OfTwoGigabytesIsCopied) {
+  constexpr std::size_t size = 2147483647;
+  constexpr std::size_t needed = size + size / 4;
+  if (static_cast<std::size_t>(sysconf(_SC_AVPHYS_PAGES)) * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) < needed) {
+    GTEST_SKIP() << "wants " << needed << " bytes of free memory";
+  }
+  void* const mapped = mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  ASSERT_NE(mapped, MAP_FAILED);
+  const std::unique_ptr<void, Unmap> source(mapped, Unmap{size});
+  auto* const bytes = static_cast<unsigned char*>(mapped);
+  const std::size_t marked[] = {0, 1, size / 2, size - 2, size - 1};
+  for (const std::size_t place : marked) bytes[place] = static_cast<unsigned char>(place % 251 + 1);
+  const Block made = adoptHost(NSDataRB(dataThatClaims(size, bytes)));
+  ASSERT_TRUE(made) << bridge_test::raisedException();
+  EXPECT_EQ(runtime().faults().calls("PluginCallFunctionWithExceptionHandler"), 1);
+  const auto copy = host::memoryOf(bridge_test::forHost(made));
+  ASSERT_EQ(copy.size(), size);
+  for (const std::size_t place : marked) EXPECT_EQ(static_cast<unsigned char>(copy[place]), bytes[place]) << place;
+  EXPECT_EQ(copy[2], std::byte{0});
 }
 
 }  // namespace

@@ -1,7 +1,12 @@
 // Text across the boundary: every encoding, every route that a host's version or its gaps lead to.
 #include "bridge/strings.hpp"
 
+#include <climits>
+#include <new>
+#include <stdexcept>
+
 #include "host/runtime/string.hpp"
+#include "plugin/exceptions.hpp"
 #include "tests/library/bridge_fixture.hpp"
 
 namespace {
@@ -195,16 +200,182 @@ TEST_F(Strings, NeedTheServicesOfTheirRoute) {
   }
 }
 
-// Fails once: the message is built by the same service.
-REALstring throwing(const void*, int32_t) {
-  pBuildString = nullptr;
-  throw std::bad_alloc();
+// Which services each age of host is asked for, and how often.
+TEST_F(Strings, TakeTheRouteOfTheHostsVersion) {
+  const char* const services[] = {
+      "REALGetStringCFString",       "StringGetCString", "REALBuildString", "REALSetStringEncoding",
+      "REALBuildStringWithEncoding", "REALConvertString"};
+  const std::string utf16 = bytesOf(std::u16string_view(u"ab"));
+  const std::string utf32 = bytesOf(std::u32string_view(U"ab"));
+  // Of a UTF-8 string whose bytes are no UTF-8 the host gives no platform string, so every route is tried.
+  const struct {
+    double version;
+    const char* read;
+    const char* readInVain;
+    const char* builtUTF8;
+    const char* builtUTF16;
+    const char* builtUTF32;
+  } cases[] = {
+      {2011.9, "1 0 0 0 0 0", "1 1 0 0 0 0", "0 0 1 1 0 0", "0 0 1 1 0 1", "0 0 1 1 0 1"},
+      {2012.0, "1 0 0 0 0 0", "2 1 0 0 0 0", "0 0 1 1 0 0", "0 0 0 0 1 1", "0 0 0 0 1 1"},
+      {2012.999, "1 0 0 0 0 0", "2 1 0 0 0 0", "0 0 1 1 0 0", "0 0 0 0 1 1", "0 0 0 0 1 1"},
+      {2013.0, "1 0 0 0 0 0", "2 1 0 0 0 0", "0 0 1 1 0 0", "0 0 0 0 1 1", "0 0 0 0 1 1"},
+  };
+  const auto callsOf = [&](auto&& action) {
+    allOn();
+    action();
+    std::string counts;
+    for (const char* service : services) {
+      counts += (counts.empty() ? "" : " ") + std::to_string(runtime().faults().calls(service));
+    }
+    return counts;
+  };
+  for (const auto& [version, read, readInVain, builtUTF8, builtUTF16, builtUTF32] : cases) {
+    hostVersion = version;
+    EXPECT_EQ(callsOf([] { toPlatform(hostString("ab", 0x08000100)); }), read) << version;
+    EXPECT_EQ(callsOf([] { toPlatform(hostString("\xC3(", 0x08000100)); }), readInVain) << version;
+    EXPECT_EQ(callsOf([] { built("ab", 0x08000100); }), builtUTF8) << version;
+    EXPECT_EQ(callsOf([&] { built(utf16, 0x100); }), builtUTF16) << version;
+    EXPECT_EQ(callsOf([&] { built(utf32, 0x0C000100); }), builtUTF32) << version;
+  }
 }
 
-TEST_F(Strings, ThatCannotBeBuiltForWantOfMemoryRaise) {
-  pBuildString = &throwing;
-  EXPECT_EQ(built("abcd", 0x08000100), "nil");
-  EXPECT_EQ(bridge_test::raisedException(), "OutOfMemoryException: Failed to allocate memory.");
+uint32_t builtUnder;
+REALstring noteEncoding(const void*, int32_t, uint32_t encoding) {
+  builtUnder = encoding;
+  return nullptr;
+}
+
+TEST_F(Strings, OfUTF32AreLeftToTheHostFrom2013On) {
+  intercept("REALBuildStringWithEncoding", reinterpret_cast<void*>(&noteEncoding));
+  const std::pair<double, uint32_t> cases[] = {{2012.0, 0x100}, {2012.999, 0x100}, {2013.0, 0x0C000100}};
+  for (const auto& [version, encoding] : cases) {
+    hostVersion = version;
+    EXPECT_EQ(built(bytesOf(std::u32string_view(U"ab")), 0x0C000100), "nil") << version;
+    EXPECT_EQ(builtUnder, encoding) << version;
+  }
+}
+
+std::u16string unitsOf(REALstring text) {
+  const auto string = bridge::ownedString(text);
+  std::u16string units(NSString::length(string), u'\0');
+  if (string) NSString::getCharacters(string, units.data());
+  return units;
+}
+
+TEST_F(Strings, ReadInPlaceKeepTheirUnits) {
+  switchOff("REALGetStringCFString");
+  const struct {
+    const char* what;
+    std::string bytes;
+    uint32_t encoding;
+    std::u16string units;
+  } cases[] = {
+      {"a mark at the start of units is a character", bytesOf(std::u16string_view(u"\uFEFFa")), 0x100, u"\uFEFFa"},
+      {"a lone high surrogate", bytesOf(std::u16string_view(u"\xD800x")), 0x100, u"\xD800x"},
+      {"a lone low surrogate", bytesOf(std::u16string_view(u"\xDC00")), 0x100, u"\xDC00"},
+      {"a zero unit", bytesOf(std::u16string_view(u"a\0b", 3)), 0x100, std::u16string(u"a\0b", 3)},
+      {"one byte of a unit", "a", 0x100, u""},
+      {"UTF-32 of the machine's order", bytesOf(std::u32string_view(U"\U0000FEFFa")), 0x0C000100, u"a"},
+      {"UTF-32 of the other order", std::string("\0\0\xFE\xFF\0\0\0a", 8), 0x0C000100, u"a"},
+      {"UTF-16 of the other order by its mark", std::string("\0a", 2), 0x10000100, u"a"},
+      {"the last character in UTF-8", "\xF4\x8F\xBF\xBF", 0x08000100, u"\U0010FFFF"},
+      {"the last character in UTF-16", bytesOf(std::u16string_view(u"\U0010FFFF")), 0x100, u"\U0010FFFF"},
+      {"the last character in UTF-32", bytesOf(std::u32string_view(U"\U0010FFFF")), 0x0C000100, u"\U0010FFFF"},
+      {"one byte of UTF-32", "a", 0x0C000100, u""},
+      {"three bytes of UTF-32", std::string("a\0\0", 3), 0x0C000100, u""},
+      {"beyond the last character", std::string("\0\0\x11\0", 4), 0x0C000100, u""},
+  };
+  for (const auto& [what, bytes, encoding, units] : cases) {
+    EXPECT_EQ(unitsOf(hostString(bytes, encoding)), units) << what;
+  }
+}
+
+TEST_F(Strings, OfTheLastCharacterGoBothWaysOnEveryHost) {
+  for (const Host& host : hosts) {
+    if (!host.givesPlatformStrings) switchOff("REALGetStringCFString");
+    hostVersion = host.version;
+    const std::pair<std::string, uint32_t> forms[] = {{"\xF4\x8F\xBF\xBF", 0x08000100},
+                                                      {bytesOf(std::u16string_view(u"\U0010FFFF")), 0x100},
+                                                      {bytesOf(std::u32string_view(U"\U0010FFFF")), 0x0C000100}};
+    for (const auto& [bytes, encoding] : forms) {
+      EXPECT_EQ(built(bytes, encoding), "8000100: \xF4\x8F\xBF\xBF") << host.name << ", encoding " << std::hex << encoding;
+      EXPECT_EQ(unitsOf(hostString(bytes, encoding)), u"\U0010FFFF") << host.name << ", encoding " << std::hex << encoding;
+    }
+  }
+}
+
+TEST_F(Strings, OfLessThanAUnitAreBuiltOfNothing) {
+  const struct {
+    std::string bytes;
+    uint32_t encoding;
+    const char* expected;
+  } cases[] = {{"a", 0x0C000100, "nil"}, {"ab", 0x0C000100, "nil"}, {"abc", 0x0C000100, "nil"}};
+  for (const double version : {2011.9, 2012.0, 2012.999}) {
+    hostVersion = version;
+    for (const auto& [bytes, encoding, expected] : cases) EXPECT_EQ(built(bytes, encoding), expected) << version;
+  }
+}
+
+// A string builder that fails its first so many times, each time in the same way; then the host's own again.
+int failuresLeft;
+void (*fail)();
+REALstring failing(const void* bytes, int32_t length) {
+  if (failuresLeft > 0) {
+    --failuresLeft;
+    fail();
+  }
+  return reinterpret_cast<REALstring (*)(const void*, int32_t)>(host::Runtime::resolve("REALBuildString"))(bytes, length);
+}
+
+// The first exception that the host program gets to see: a host throws one at the latest when the library returns to it.
+template <class Body>
+std::string seen(Body&& body) {
+  try {
+    body();
+  } catch (const host::HostException& exception) {
+    return exception.className() + ": " + exception.message();
+  }
+  return bridge_test::raisedException();
+}
+
+TEST_F(Strings, ThatCannotBeBuiltRaiseWhatTheBuilderThrew) {
+  intercept("REALBuildString", reinterpret_cast<void*>(&failing));
+  const struct {
+    void (*fail)();
+    const char* hostClass;
+    const char* message;
+  } cases[] = {
+      {[] { throw std::bad_alloc(); }, "OutOfMemoryException", "Failed to allocate memory."},
+      {[] { throw std::out_of_range("far out"); }, "OutOfBoundsException", "far out"},
+      {[] { throw std::overflow_error("too much"); }, "OutOfBoundsException", "too much"},
+      {[] { throw 5; }, "RuntimeException", "Sorry, but there was an unnamed C++ Exception."},
+      {[] { host::throwException("NilObjectException", "lost"); }, "RuntimeException",
+       "Sorry, but there was an unnamed C++ Exception."},
+  };
+  for (const auto& [thrown, hostClass, message] : cases) {
+    fail = thrown;
+    failuresLeft = 1;
+    EXPECT_EQ(seen([] { EXPECT_EQ(built("abcd", 0x08000100), "nil"); }), std::string(hostClass) + ": " + message);
+    failuresLeft = INT_MAX;
+    EXPECT_EQ(seen([] { EXPECT_EQ(built("abcd", 0x08000100), "nil"); }), std::string(hostClass) + ": ")
+        << "the message cannot be built either";
+    failuresLeft = 0;
+    EXPECT_EQ(built("abcd", 0x08000100), "8000100: abcd");
+  }
+}
+
+TEST_F(Strings, OfMessagesThatCannotBeBuiltSayWhyWhereTheyCan) {
+  intercept("REALBuildString", reinterpret_cast<void*>(&failing));
+  fail = [] { throw std::bad_alloc(); };
+  const std::pair<int, const char*> cases[] = {{0, "NilObjectException: lost"},
+                                               {1, "OutOfMemoryException: Failed to allocate memory."},
+                                               {INT_MAX, "OutOfMemoryException: "},
+                                               {0, "NilObjectException: lost"}};
+  for (const auto& [failures, expected] : cases) {
+    failuresLeft = failures;
+    EXPECT_EQ(seen([] { plugin::RaiseException("NilObjectException", "lost"); }), expected) << failures;
+  }
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // Platform objects as host variants: every rule, their order, and what each result owns.
 #include "bridge/to_variant.hpp"
 
+#include <dlfcn.h>
+
 #include <array>
 #include <map>
 #include <set>
@@ -15,10 +17,32 @@
 namespace bridge_test {
 namespace {
 
+// How often each platform class was looked up by name, while this is not nil.
+std::map<std::string, int>* classLookups = nullptr;
+
 class ToVariant : public BridgeTest {
  protected:
   static Variant converted(NSObject* object) { return plugin::adoptHost(bridge::NewVariantFromNSObject(object)); }
   static std::string shown(NSObject* object) { return show(converted(object)); }
+
+  // From now on the host makes instances of other classes in place of these, or, where that is "", none.
+  static void replaceClasses(std::map<std::string, std::string> replacements) {
+    replacements_ = std::move(replacements);
+    asked_ = "";
+    intercept("PluginNewInstance", reinterpret_cast<void*>(&newInstance));
+  }
+  // The classes of which an instance was asked for since then.
+  static const std::string& asked() { return asked_; }
+
+ private:
+  static plugin::REALobject newInstance(const char* name) {
+    asked_ += std::string(name) + " ";
+    const auto found = replacements_.find(name);
+    return hostService<plugin::REALobject(const char*)>("PluginNewInstance")(
+        found != replacements_.end() ? found->second.c_str() : name);
+  }
+  static inline std::map<std::string, std::string> replacements_;
+  static inline std::string asked_;
 };
 
 template <class Value>
@@ -96,6 +120,19 @@ TEST_F(ToVariant, WritesStructuresIntoHostStructures) {
   EXPECT_EQ(shown(NSValue::valueWithBytes(values, &unknown, "i")), "nil");
 }
 
+const char* noEncoding(NSObject*, SEL) { return nullptr; }
+double twoAndAHalf(NSObject*, SEL) { return 2.5; }
+
+TEST_F(ToVariant, TakesValuesThatDoNotSayTheirTypeForTheLastRow) {
+  for (const auto& [className, expected] : {std::pair("NSNumber", "Double 2.5"), {"NSValue", "nil"}}) {
+    const Owned<NSObject> value = pretendInstance(className);
+    const Class made = object_getClass(value);
+    class_addMethod(made, NSValue::objCType.selector(), reinterpret_cast<IMP>(&noEncoding), "*@:");
+    class_addMethod(made, NSNumber::doubleValue.selector(), reinterpret_cast<IMP>(&twoAndAHalf), "d@:");
+    EXPECT_EQ(shown(value), expected) << className;
+  }
+}
+
 plugin::REALobject newStranger(NSObject*, SEL) { return plugin::newInstance("StrangerZKT").detach(); }
 
 TEST_F(ToVariant, AsksSiblingsForMediaTimes) {
@@ -148,6 +185,45 @@ TEST_F(ToVariant, WrapsEveryKnownClassByTheFirstRowThatFits) {
   for (const auto& row : bridge::optionalClasses) check(row);
 }
 
+// No later row and no other rule is tried.
+TEST_F(ToVariant, GivesNilWithoutTheWrapperOfTheFirstRowThatFits) {
+  for (const auto& [platformClass, wrapper] : {std::pair("NSTask", "NSTaskZKT"), {"NSSearchField", "NSTextFieldZKT"}}) {
+    replaceClasses({{wrapper, ""}});
+    EXPECT_EQ(shown(pretendInstance(platformClass)), "nil");
+    EXPECT_EQ(asked(), std::string(wrapper) + " ");
+  }
+}
+
+TEST_F(ToVariant, LooksOptionalClassesUpOnceAndTheCarrierEveryTime) {
+  const Owned<NSObject> stranger = adopt(NSObject::init(alloc<NSObject>()));
+  EXPECT_EQ(shown(stranger), "nil");
+  std::map<std::string, int> lookups;
+  classLookups = &lookups;
+  for (int time = 0; time < 3; ++time) converted(stranger);
+  classLookups = nullptr;
+  EXPECT_EQ(lookups[ZKTREALobjectWrapper::className_], 3);
+  for (const auto& row : bridge::optionalClasses) EXPECT_EQ(lookups[row.name.platformClass()], 0);
+}
+
+BOOL raiseOnBeingAsked(NSObject*, SEL, Class) {
+  NSException::raise(NSException::exceptionWithName(classOf<NSException>(), NSRangeException, text("no"), nullptr));
+  return NO;
+}
+
+// The fixture asks for every host value that was in hand.
+TEST_F(ToVariant, GivesEverythingBackWhenAnElementRaises) {
+  const Class raising = objc_allocateClassPair(classOf<NSObject>(), "RaisingElement", 0);
+  class_addMethod(raising, NSObject::isKindOfClass.selector(), reinterpret_cast<IMP>(&raiseOnBeingAsked), "c@:#");
+  objc_registerClassPair(raising);
+  const Owned<NSObject> element = adopt(NSObject::init(NSObject::alloc(raising)));
+  NSArray* const inner = arrayOf({text("b"), element});
+  for (NSObject* const object :
+       {static_cast<NSObject*>(arrayOf({text("a"), dictionaryOf({{text("k"), text("v")}, {text("in"), inner}})})),
+        static_cast<NSObject*>(dictionaryOf({{text("k"), NSSet::setWithArray(classOf<NSSet>(), arrayOf({inner}))}}))}) {
+    EXPECT_EQ(exceptionOf([&] { converted(object); }), "NSRangeException: no");
+  }
+}
+
 TEST_F(ToVariant, GivesTheRegisteredWrapperBeforeAnyOtherRule) {
   useRegistry();
   NSString* const string = text("wrapped");
@@ -160,7 +236,6 @@ TEST_F(ToVariant, GivesTheRegisteredWrapperBeforeAnyOtherRule) {
 }
 
 TEST_F(ToVariant, AsksTheMovieViewSiblingBeforeWrappingAView) {
-  const Owned<NSObject> view = pretendInstance("NSView");
   const Class metaclass = object_getClass(classOf<NSValue>());
   static bool knows;
   class_addMethod(metaclass, bridge::ValueExtensions::NewQTKitNSViewZKT.selector(),
@@ -168,9 +243,13 @@ TEST_F(ToVariant, AsksTheMovieViewSiblingBeforeWrappingAView) {
                     return knows ? plugin::newInstance("StrangerZKT").detach() : nullptr;
                   }),
                   "@@:@");
-  for (const auto& [answer, expected] : {std::pair(true, "StrangerZKT"), std::pair(false, "NSViewZKT")}) {
-    knows = answer;
-    EXPECT_EQ(shown(view), expected);
+  // The later rows of these classes are never reached.
+  for (const std::string name : {"NSView", "NSTableView", "NSTextView", "NSScroller", "NSTableHeaderView"}) {
+    const Owned<NSObject> view = pretendInstance(name.c_str());
+    for (const bool answer : {true, false}) {
+      knows = answer;
+      EXPECT_EQ(shown(view), answer ? "StrangerZKT" : name + "ZKT");
+    }
   }
 }
 
@@ -216,6 +295,28 @@ TEST_F(CoreObject, IsWrappedByItsTypeIdentifier) {
   check(999999, "CFObjectZKT");
 }
 
+// A wrapper without the tag, here one of another class, is not written to.
+TEST_F(CoreObject, NeedsAWrapperWithTheTag) {
+  identifier = CFURLGetTypeID();
+  const Owned<NSObject> object = make();
+  const struct {
+    std::map<std::string, std::string> replacements;
+    const char* expected;
+    const char* asked;
+  } cases[] = {
+      {{{"CFURLZKT", ""}}, "CFObjectZKT", "CFURLZKT CFObjectZKT "},
+      {{{"CFURLZKT", ""}, {"CFObjectZKT", ""}}, "nil", "CFURLZKT CFObjectZKT "},
+      {{{"CFURLZKT", "StrangerZKT"}}, "nil", "CFURLZKT "},
+      {{{"CFURLZKT", ""}, {"CFObjectZKT", "StrangerZKT"}}, "nil", "CFURLZKT CFObjectZKT "},
+  };
+  for (const auto& each : cases) {
+    replaceClasses(each.replacements);
+    EXPECT_EQ(shown(object), each.expected) << each.asked;
+    EXPECT_EQ(asked(), each.asked);
+    EXPECT_EQ(NSObject::retainCount(object), 1U) << each.asked;
+  }
+}
+
 TEST_F(CoreObject, WithoutAnIdentifierIsWrappedByItsClassName) {
   const Owned<NSObject> object = make();
   EXPECT_EQ(shown(object), "nil");
@@ -235,7 +336,10 @@ TEST_F(CoreObject, WithoutAnIdentifierIsWrappedByItsClassName) {
 
 TEST_F(CoreObject, ThatRaisesIsWrappedByItsClassName) {
   raises = true;
-  EXPECT_EQ(shown(make()), "nil");
+  replaceClasses({{"CoreProbeZKT", "StrangerZKT"}});
+  const Owned<NSObject> object = make();
+  EXPECT_EQ(shown(object), "StrangerZKT");
+  NSObject::release(object);
 }
 
 // What the host lacks takes away what needs it, and nothing that was in hand stays behind.
@@ -249,6 +353,9 @@ TEST_F(ToVariant, WithoutAServiceGivesNil) {
       {"IntegerToVariant", number("numberWithInt:", 1), "nil"},
       {"DoubleToVariant", number("numberWithDouble:", 1.0), "nil"},
       {"BooleanToVariant", kCFBooleanTrue, "nil"},
+      {"UInt32ToVariant", number("numberWithUnsignedInt:", 1U), "nil"},
+      {"UInt32ToVariant", number("numberWithUnsignedLong:", 1UL), "nil"},
+      {"SingleToVariant", number("numberWithFloat:", 1.0F), "nil"},
       {"RuntimeArrayCreateSingleDimBoundedArray", arrayOf({text("a")}), "nil"},
       {"PluginObjectArrayInsertProc", arrayOf({text("a")}), "[]"},
       {"StringToVariant", arrayOf({text("a")}), "[nil]"},
@@ -287,3 +394,10 @@ TEST_F(ToVariant, RefusesValuesThatNestTooDeeply) {
 
 }  // namespace
 }  // namespace bridge_test
+
+// Stands in front of the platform's.
+Class objc_getClass(const char* name) {
+  static auto* const found = reinterpret_cast<decltype(&objc_getClass)>(dlsym(RTLD_NEXT, "objc_getClass"));
+  if (bridge_test::classLookups != nullptr) ++(*bridge_test::classLookups)[name];
+  return found(name);
+}

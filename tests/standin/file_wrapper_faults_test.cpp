@@ -76,7 +76,7 @@ TEST(FileWrapperFaults, FilesVanish) {
   EXPECT_EQ(NSFileWrapper::serializedRepresentation(tree), nullptr);
   EXPECT_EQ(NSFileWrapper::regularFileContents(child(whole, "large")), nullptr);
   EXPECT_EQ(contentOf(NSFileWrapper::regularFileContents(child(whole, "gone"))), "1");
-  for (const NSUInteger options : {0, 1}) {
+  for (const NSUInteger options : {0UL, 1UL}) {
     for (const char* name : {"gone", "changed", "folder"}) {
       NSError* error = nullptr;
       NSFileWrapper* fresh = make();
@@ -96,7 +96,7 @@ TEST(FileWrapperFaults, FilesVanish) {
 
 // Names that no file can have are kept in memory and never reach the file system, there or elsewhere.
 TEST(FileWrapperFaults, NamesThatAreNoFileNames) {
-  for (const NSUInteger options : {0, 1}) {
+  for (const NSUInteger options : {0UL, 1UL}) {
     for (const std::string& name : {std::string(".."), std::string("."), std::string("/"), std::string("../escaped"),
                                     std::string("/tmp/escaped"), std::string("a/b"), std::string(256, 'n')}) {
       const TemporaryFolder scratch;
@@ -140,7 +140,7 @@ TEST(FileWrapperFaults, FoldersThatMayNotBeWrittenOrRead) {
   NSFileWrapper* tree = directory();
   add(tree, "new", "new");
   withoutRights([&] {
-    for (const NSUInteger options : {0, 1}) {
+    for (const NSUInteger options : {0UL, 1UL}) {
       for (const char* target : {"t/made", "t/old"}) {
         NSError* error = nullptr;
         EXPECT_FALSE(write(fileWith("x"), scratch / target, options, &error));

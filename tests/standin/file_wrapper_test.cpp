@@ -79,19 +79,19 @@ TEST(FileWrapper, TreesComeBackAsTheyWere) {
   for (const char* name : {"plain.txt", "sp ace", "\xC3\xA9 accent", "deep/er/still/x", "empty/.keep", "\xFF not UTF-8"}) {
     scratch.file("tree/" + std::string(name), std::string(name) + std::string("\0\xFF", 2));
   }
-  scratch.file("tree/" + longest, std::string(3 << 20, 'L'));
+  scratch.file("tree/" + longest, std::string((1 << 20) + 1, 'L'));
   scratch.file("tree/nothing", "");
   fs::remove(scratch / "tree/empty/.keep");
   fs::create_symlink("../plain.txt", scratch / "tree/deep/link");
   fs::create_symlink("loop", scratch / "tree/loop");
   fs::create_symlink("/nowhere at all", scratch / "tree/dangling");
   fs::permissions(scratch / "tree/plain.txt", fs::perms(0640));
-  fs::permissions(scratch / "tree/deep", fs::perms(0550));
+  fs::permissions(scratch / "tree/deep", fs::perms(0711));
   const auto before = treeAt(scratch / "tree");
-  ASSERT_EQ(before.size(), 13U);
+  ASSERT_EQ(before.size(), 14U);
   int number = 0;
-  for (const NSUInteger reading : {0, 1, 3}) {
-    for (const NSUInteger writing : {0, 1, 3}) {
+  for (const NSUInteger reading : {0UL, 1UL, 3UL}) {
+    for (const NSUInteger writing : {0UL, 1UL, 3UL}) {
       AutoreleasePool pool;
       NSError* error = nullptr;
       NSFileWrapper* tree = read(scratch / "tree", reading, &error);
@@ -152,7 +152,7 @@ TEST(FileWrapper, WritingOverWhatIsThere) {
 
 // Contents that were never read are not lost when the tree is written over itself.
 TEST(FileWrapper, WritingOverItsOwnFiles) {
-  for (const NSUInteger options : {0, 1, 3}) {
+  for (const NSUInteger options : {0UL, 1UL, 3UL}) {
     const TemporaryFolder scratch;
     AutoreleasePool pool;
     const std::string file = scratch.file("lone", "lazy");
@@ -252,7 +252,7 @@ TEST(FileWrapper, AttributesBothWays) {
                      {ns("Own"), ns("kept")}}));
   EXPECT_EQ(utf8(attribute(file, "NSFileType")), "NSFileTypeRegular");
   EXPECT_EQ(utf8(attribute(file, "Own")), "kept");
-  for (const NSUInteger options : {0, 1}) {
+  for (const NSUInteger options : {0UL, 1UL}) {
     const std::string path = scratch / ("f" + std::to_string(options));
     ASSERT_TRUE(write(file, path, options));
     NSFileWrapper* again = read(path);

@@ -82,7 +82,7 @@ TEST(RtfWriter, ALinkIsAFieldInEachParagraphWithItsTargetQuoted) {
 
 TEST(RtfWriter, SizesAreHalfPointsWithinWhatReadersTake) {
   EXPECT_EQ(body({{u"a", font("Helvetica", 10.3)}}), "\\f0\\fs21 a");
-  EXPECT_EQ(body({{u"a", font("Helvetica", -4)}}), "\\f0\\fs2 a");
+  EXPECT_EQ(body({{u"a", font("Helvetica", -4)}}), "\\f0\\fs1 a");
   EXPECT_EQ(body({{u"a", font("Helvetica", 1e30)}}), "\\f0\\fs3276 a");
   EXPECT_EQ(written({}).substr(0, 6), "{\\rtf1");
 }

@@ -17,9 +17,9 @@ constexpr int64_t secondsADay = 86400;
 // Seconds from the host's epoch, 1904-01-01, to 1970-01-01.
 constexpr int64_t epochSeconds = 2082844800;
 
+// Before its constructor a date is the epoch: setting year, month and day in this order then never carries over.
 struct Date {
-  DateComponents components;
-  Date();
+  DateComponents components = {1904, 1, 1, 0, 0, 0};
 };
 
 int64_t floorDivide(int64_t value, int64_t by) { return value / by - (value % by < 0 ? 1 : 0); }
@@ -60,11 +60,11 @@ DateComponents carried(const DateComponents& components) {
   return componentsFrom(secondsFrom(components));
 }
 
-Date::Date() {
-  const std::time_t now = std::time(nullptr);
+DateComponents now() {
+  const std::time_t clock = std::time(nullptr);
   std::tm local = {};
-  localtime_r(&now, &local);
-  components = {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
+  localtime_r(&clock, &local);
+  return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec};
 }
 
 DateComponents& componentsIn(const HostObject* date) { return date->stateAs<Date>().components; }
@@ -118,7 +118,7 @@ void setSqlDateTime(HostObject* self, int64_t, HostString* value) {
   componentsIn(self) = carried({c[0], c[1], c[2], c[3], c[4], c[5]});
 }
 
-void constructNow(HostObject*) {}
+void constructNow(HostObject* self) { componentsIn(self) = now(); }
 void constructCopy(HostObject* self, HostObject* date) {
   if (date == nullptr) throwNilObject("The date");
   componentsIn(self) = componentsIn(date);

@@ -7,7 +7,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace standin::formats::file_archive {
@@ -28,8 +27,9 @@ struct ArchivedFile {
   std::optional<uint32_t> permissions;
   std::optional<Moment> modified, created;
   std::optional<std::string> name, preferredName;
-  std::string_view bytes;                                      // a file's contents, a link's destination
-  std::vector<std::pair<std::string, ArchivedFile>> children;  // by their unique names, in ascending order
+  std::string_view bytes;              // a file's contents, a link's destination
+  std::string key;                     // the unique name in the folder; empty for the root
+  std::vector<ArchivedFile> children;  // of a folder, in ascending order of their keys
 };
 
 // Folders nested deeper than this are neither written nor read.

@@ -59,9 +59,9 @@ class Reader {
     // The list grows as children are found: the number alone claims no memory.
     for (uint64_t left = number<uint64_t>(); left > 0; --left) {
       std::string key(bytes());
-      if (!folder.children.empty() && key <= folder.children.back().first) throw Refused();
-      ArchivedFile child = file(depth + 1);
-      folder.children.emplace_back(std::move(key), std::move(child));
+      if (!folder.children.empty() && key <= folder.children.back().key) throw Refused();
+      folder.children.push_back(file(depth + 1));
+      folder.children.back().key = std::move(key);
     }
   }
 

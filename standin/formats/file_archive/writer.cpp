@@ -17,8 +17,8 @@ class Writer {
       return true;
     }
     number<uint64_t>(file.children.size());
-    for (const auto& [key, child] : file.children) {
-      bytes(key);
+    for (const ArchivedFile& child : file.children) {
+      bytes(child.key);
       if (!this->file(child, depth + 1)) return false;
     }
     return true;

@@ -37,7 +37,7 @@ constexpr ControlWord words[] = {
     // Paragraphs.
     {"pard", Action::paragraphDefaults}, {"par", Action::paragraphEnd}, {"sect", Action::paragraphEnd},
     {"cell", Action::tableCell}, {"nestcell", Action::tableCell},
-    {"ql", Action::alignment, 0}, {"qr", Action::alignment, 1}, {"qc", Action::alignment, 2}, {"qj", Action::alignment, 3},
+    {"ql", Action::alignment, 0}, {"qr", Action::alignment, 1}, {"qc", Action::alignment, 2}, {"qj", Action::alignment, 3}, {"qnatural", Action::alignment, 4},
     {"ltrpar", Action::direction, 0}, {"rtlpar", Action::direction, 1},
     {"fi", Action::firstLineIndent}, {"li", Action::leftIndent}, {"ri", Action::rightIndent}, {"sb", Action::spaceBefore},
     {"sa", Action::spaceAfter}, {"sl", Action::lineHeight}, {"slmult", Action::lineHeightRule},
@@ -53,7 +53,8 @@ constexpr ControlWord words[] = {
     // The document.
     {"paperw", Action::paperWidth}, {"paperh", Action::paperHeight}, {"margl", Action::leftMargin}, {"margr", Action::rightMargin},
     {"margt", Action::topMargin}, {"margb", Action::bottomMargin}, {"deftab", Action::defaultTab}, {"viewkind", Action::viewMode},
-    {"viewscale", Action::viewZoom},
+    {"viewscale", Action::viewZoom}, {"vieww", Action::viewWidth}, {"viewh", Action::viewHeight}, {"hyphfactor", Action::hyphenation},
+    {"readonlydoc", Action::readOnly}, {"cocoartf", Action::rtfVersion},
     {"title", Action::property, 0}, {"subject", Action::property, 1}, {"author", Action::property, 2}, {"manager", Action::property, 3},
     {"company", Action::property, 4}, {"category", Action::property, 5}, {"keywords", Action::property, 6}, {"doccomm", Action::property, 7},
     {"operator", Action::property, 8}, {"copyright", Action::property, 9}, {"creatim", Action::created}, {"revtim", Action::modified},

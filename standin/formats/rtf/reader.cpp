@@ -14,12 +14,16 @@
 namespace standin::formats::rtf {
 namespace {
 
-constexpr double twip = 1 / 20.0;
+constexpr double twips = 20;  // in a point
 
 // The text properties in the order of the control words' values.
 constexpr std::array propertyMembers = {
     &Properties::title,    &Properties::subject,  &Properties::author,  &Properties::manager, &Properties::company,
     &Properties::category, &Properties::keywords, &Properties::comment, &Properties::editor,  &Properties::copyright};
+
+// The lengths of the page in the order of their actions.
+constexpr std::array lengthMembers = {&PageSetup::paperWidth,  &PageSetup::paperHeight, &PageSetup::leftMargin,
+                                      &PageSetup::rightMargin, &PageSetup::topMargin,   &PageSetup::bottomMargin};
 
 class Reader {
  public:
@@ -349,7 +353,7 @@ class Reader {
 
   void actOnParagraph(const ControlWord& word, std::optional<int> parameter) {
     text::Paragraph& paragraph = state().paragraph;
-    const double points = parameter.value_or(0) * twip;
+    const double points = parameter.value_or(0) / twips;
     switch (word.action) {
       case Action::paragraphDefaults:
         paragraph = {};
@@ -374,7 +378,7 @@ class Reader {
         paragraph.headIndent = points;
         break;
       case Action::rightIndent:
-        paragraph.tailIndent = -points;
+        paragraph.tailIndent = -std::max(points, 0.0);  // into the margin it cannot reach
         break;
       case Action::spaceBefore:
         paragraph.spacingBefore = points;
@@ -442,7 +446,7 @@ class Reader {
         state().characters.font = number;
         break;
       case Action::fontCharset:
-        builder_.fonts[fontNumber_].codePage = number == 0 ? 0 : codePageOfCharset(number);
+        builder_.fonts[fontNumber_].codePage = number == 0 ? 1252 : codePageOfCharset(number);
         break;
       case Action::fontCodePage:
         builder_.fonts[fontNumber_].codePage = number;
@@ -459,40 +463,53 @@ class Reader {
 
   void actOnDocument(const ControlWord& word, std::optional<int> parameter) {
     const int number = parameter.value_or(0);
-    PageSetup& page = builder_.document.page;
-    switch (word.action) {
-      case Action::paperWidth:
-        page.paperWidth = number * twip;
-        break;
-      case Action::paperHeight:
-        page.paperHeight = number * twip;
-        break;
-      case Action::leftMargin:
-        page.leftMargin = number * twip;
-        break;
-      case Action::rightMargin:
-        page.rightMargin = number * twip;
-        break;
-      case Action::topMargin:
-        page.topMargin = number * twip;
-        break;
-      case Action::bottomMargin:
-        page.bottomMargin = number * twip;
-        break;
+    if (word.action <= Action::bottomMargin) {
+      builder_.document.page.*lengthMembers[static_cast<size_t>(word.action) - static_cast<size_t>(Action::paperWidth)] =
+          number / twips;
+    } else if (word.action <= Action::rtfVersion) {
+      actOnInformation(word.action, number);
+    } else {
+      actOnGroups(word, number);
+    }
+  }
+
+  void actOnInformation(Action action, int number) {
+    DocumentInformation& document = builder_.document;
+    switch (action) {
       case Action::defaultTab:
-        builder_.document.defaultTabInterval = number * twip;
+        document.defaultTabInterval = number / twips;
         break;
       case Action::viewMode:
-        builder_.document.viewMode = number;
+        document.viewMode = number;
         break;
       case Action::viewZoom:
-        builder_.document.viewZoom = number;
+        document.viewZoom = number;
         break;
+      case Action::viewWidth:
+        document.viewWidth = number / twips;
+        break;
+      case Action::viewHeight:
+        document.viewHeight = number / twips;
+        break;
+      case Action::hyphenation:
+        document.hyphenationFactor = number / 100.0;
+        break;
+      case Action::readOnly:
+        document.readOnly = number;
+        break;
+      default:
+        document.rtfVersion = number;
+        break;
+    }
+  }
+
+  void actOnGroups(const ControlWord& word, int number) {
+    switch (word.action) {
       case Action::pictureWidth:
-        pictures_.width = number * twip;
+        pictures_.width = number / twips;
         break;
       case Action::pictureHeight:
-        pictures_.height = number * twip;
+        pictures_.height = number / twips;
         break;
       case Action::field:
         state().isField = true;

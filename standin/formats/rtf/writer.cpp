@@ -6,6 +6,7 @@
 
 #include "standin/formats/rtf/attachments.hpp"
 #include "standin/formats/rtf/characters.hpp"
+#include "standin/formats/rtf/information.hpp"
 #include "standin/formats/rtf/tables.hpp"
 
 namespace standin::formats::rtf {
@@ -30,9 +31,10 @@ const char* underlineWord(int style) {
 }
 
 // Half points, within what readers take.
-long halfPoints(double size) { return std::isfinite(size) ? std::lrint(std::clamp(size, 1.0, 1638.0) * 2) : 24; }
+long halfPoints(double size) { return std::isfinite(size) ? std::lrint(std::clamp(size, 0.5, 1638.0) * 2) : 24; }
 
-long twips(double points) { return std::isfinite(points) ? std::lrint(std::clamp(points, -1584.0, 1584.0) * 20) : 0; }
+// Real documents go beyond 16 bits; a limit keeps nonsense within what readers take.
+long twips(double points) { return std::isfinite(points) ? std::lrint(std::clamp(points * 20, -1e6, 1e6)) : 0; }
 
 // The positions just behind each paragraph's end, and the text's end.
 std::vector<uint32_t> paragraphEnds(const text::Text& text) {
@@ -52,10 +54,11 @@ class Writer {
  public:
   explicit Writer(const StyledRuns& styled) : styled_(styled), tables_(styled.runs), ends_(paragraphEnds(styled.text)) {}
 
-  std::string write() {
+  std::string write(const DocumentInformation& information) {
     out_.reserve(styled_.text.size() + styled_.text.size() / 4 + 256);
     out_ += "{\\rtf1\\ansi\\ansicpg1252\\uc1\n";
     tables_.write(out_);
+    appendInformation(out_, information);
     out_ += "\\pard\\fs24 ";
     uint32_t from = 0;
     for (const StyledRun& run : styled_.runs) {
@@ -213,6 +216,8 @@ class Writer {
 
 }  // namespace
 
-std::string write(const StyledRuns& styled) { return Writer(styled).write(); }
+std::string write(const StyledRuns& styled, const DocumentInformation& information) {
+  return Writer(styled).write(information);
+}
 
 }  // namespace standin::formats::rtf

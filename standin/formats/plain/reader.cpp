@@ -1,0 +1,46 @@
+// The byte-order marks, and the encodings tried in turn.
+#include "standin/formats/plain/reader.hpp"
+
+#include <string_view>
+
+namespace standin::formats::plain {
+namespace {
+
+using namespace std::string_view_literals;
+
+// The longer marks first: that of UTF-32 begins with one of UTF-16.
+struct ByteOrderMark {
+  std::string_view bytes;
+  CFStringEncoding encoding;
+};
+constexpr ByteOrderMark marks[] = {
+    {"\xEF\xBB\xBF"sv, kCFStringEncodingUTF8},  {"\xFF\xFE\0\0"sv, kCFStringEncodingUTF32},
+    {"\0\0\xFE\xFF"sv, kCFStringEncodingUTF32}, {"\xFF\xFE"sv, kCFStringEncodingUnicode},
+    {"\xFE\xFF"sv, kCFStringEncodingUnicode},
+};
+
+std::optional<PlainText> decoded(std::span<const uint8_t> bytes, CFStringEncoding encoding) {
+  auto text = foundation::decode(bytes, encoding, true);
+  if (!text) return std::nullopt;
+  return PlainText{*std::move(text), encoding};
+}
+
+std::optional<PlainText> decodedByMark(std::span<const uint8_t> bytes) {
+  const std::string_view start(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+  for (const ByteOrderMark& mark : marks) {
+    if (!start.starts_with(mark.bytes)) continue;
+    if (auto found = decoded(bytes, mark.encoding)) return found;
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<PlainText> read(std::span<const uint8_t> bytes, std::optional<CFStringEncoding> asked) {
+  if (auto marked = decodedByMark(bytes)) return marked;
+  if (asked) return decoded(bytes, *asked);
+  if (auto utf8 = decoded(bytes, kCFStringEncodingUTF8)) return utf8;
+  return decoded(bytes, kCFStringEncodingMacRoman);
+}
+
+}  // namespace standin::formats::plain

@@ -1,0 +1,71 @@
+// The marks of the formats; of those that are XML or zip, what the beginning or the list of parts says.
+#include "standin/formats/signatures.hpp"
+
+#include <algorithm>
+#include <string>
+
+#include "standin/formats/file_archive/layout.hpp"
+
+namespace standin::formats {
+namespace {
+
+using namespace std::string_view_literals;
+
+// As much as prologues, comments and white space take in real documents.
+constexpr size_t prologueLength = 4096;
+
+bool contains(std::string_view bytes, std::string_view part) { return bytes.find(part) != std::string_view::npos; }
+
+// Without a byte-order mark and white space in front.
+std::string_view content(std::string_view bytes) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  if (bytes.starts_with(mark)) bytes.remove_prefix(mark.size());
+  bytes.remove_prefix(std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size()));
+  return bytes;
+}
+
+std::string lowercasePrologue(std::string_view bytes) {
+  std::string start(content(bytes).substr(0, prologueLength));
+  std::transform(start.begin(), start.end(), start.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; });
+  return start;
+}
+
+bool isXML(std::string_view bytes) { return content(bytes).starts_with("<?xml"); }
+bool isZip(std::string_view bytes) { return bytes.starts_with("PK\3\4"sv); }
+
+}  // namespace
+
+bool looksLikeRTF(std::string_view bytes) { return content(bytes).starts_with("{\\rtf"); }
+
+bool looksLikeFileArchive(std::string_view bytes) { return bytes.starts_with(file_archive::signature); }
+
+bool looksLikeHTML(std::string_view bytes) {
+  const std::string start = lowercasePrologue(bytes);
+  constexpr std::string_view openings[] = {"<!doctype html", "<html", "<head", "<body", "<title"};
+  if (std::any_of(std::begin(openings), std::end(openings), [&](auto opening) { return start.starts_with(opening); })) {
+    return true;
+  }
+  return (start.starts_with("<?xml") || start.starts_with("<!--")) && contains(start, "<html");
+}
+
+bool looksLikeWebArchive(std::string_view bytes) {
+  return (bytes.starts_with("bplist") || isXML(bytes)) && contains(bytes, "WebMainResource");
+}
+
+bool looksLikeWordML(std::string_view bytes) {
+  const std::string_view start = content(bytes).substr(0, prologueLength);
+  return isXML(bytes) && (contains(start, "wordDocument") || contains(start, "progid=\"Word.Document\""));
+}
+
+bool looksLikeCompoundFile(std::string_view bytes) { return bytes.starts_with("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv); }
+
+bool looksLikeOfficeOpenXML(std::string_view bytes) { return isZip(bytes) && contains(bytes, "word/document"); }
+
+// The type is the first part, not compressed, right behind the header of 30 bytes.
+bool looksLikeOpenDocument(std::string_view bytes) {
+  return isZip(bytes) && bytes.size() > 30 &&
+         bytes.substr(30).starts_with("mimetypeapplication/vnd.oasis.opendocument.text");
+}
+
+}  // namespace standin::formats

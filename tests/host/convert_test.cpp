@@ -1,0 +1,129 @@
+// Documents converted and inspected from the command line.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class Documents : public testing::Test {
+ protected:
+  void SetUp() override {
+    command_ = fs::read_symlink("/proc/self/exe").parent_path() / "styledtext";
+    if (!fs::exists(command_)) GTEST_SKIP() << "styledtext is not built";
+    std::string pattern = (fs::temp_directory_path() / "documentsXXXXXX").string();
+    folder_ = mkdtemp(pattern.data());
+  }
+  void TearDown() override {
+    if (!folder_.empty()) fs::remove_all(folder_);
+  }
+
+  void write(const std::string& name, const std::string& content) { std::ofstream(folder_ / name) << content; }
+  std::string read(const std::string& name) {
+    std::ostringstream content;
+    content << std::ifstream(folder_ / name).rdbuf();
+    return content.str();
+  }
+  // The exit status; what was printed, on both streams, is kept.
+  int run(const std::string& arguments) {
+    const std::string line = "cd '" + folder_.string() + "' && '" + command_.string() + "' " + arguments + " 2>&1";
+    FILE* pipe = popen(line.c_str(), "r");
+    printed_.clear();
+    std::array<char, 4096> buffer;
+    while (const size_t count = fread(buffer.data(), 1, buffer.size(), pipe)) printed_.append(buffer.data(), count);
+    return WEXITSTATUS(pclose(pipe));
+  }
+
+  fs::path command_, folder_;
+  std::string printed_;
+};
+
+constexpr char linked[] = "<b>Regards</b>to <u>all</u>";
+
+TEST_F(Documents, GoThroughEveryFormatAndKeepTextAndStyle) {
+  write("a.html", linked);
+  for (const char* line : {"a.html -o b.rtf", "b.rtf -o c.rtfd", "c.rtfd/ --to rtf --into d", "d/c.rtf -o e.html",
+                           "e.html -o f.txt", "--from html f.txt -o g.rtf"}) {
+    EXPECT_EQ(run(std::string("convert ") + line), 0) << line << ": " << printed_;
+    EXPECT_EQ(printed_, "");
+  }
+  EXPECT_EQ(read("e.html"), linked);
+  EXPECT_EQ(read("f.txt"), "Regardsto all");
+  EXPECT_EQ(run("inspect g.rtf"), 0);
+  EXPECT_NE(printed_.find("\"Regardsto all"), std::string::npos) << printed_;
+}
+
+TEST_F(Documents, WhatADocumentSaysOfItselfIsKept) {
+  write("a.rtf",
+        "{\\rtf1{\\info{\\title The Title}{\\creatim\\yr2014\\mo3\\dy5}}\\paperw11900\\paperh16840\\margl1440 text}");
+  ASSERT_EQ(run("convert a.rtf -o b.rtfd"), 0) << printed_;
+  ASSERT_EQ(run("inspect a.rtf"), 0);
+  const std::string before = printed_;
+  EXPECT_NE(before.find("NSTitleDocumentAttribute: The Title\n"), std::string::npos) << before;
+  EXPECT_NE(before.find("PaperSize: width 595, height 842\n"), std::string::npos) << before;
+  ASSERT_EQ(run("inspect b.rtfd"), 0);
+  std::string expected = before;
+  expected.replace(expected.find("NSRTF"), 5, "NSRTFD");
+  EXPECT_EQ(printed_, expected);
+}
+
+TEST_F(Documents, OneBadDocumentIsReportedAndTheRestGoOn) {
+  write("a.rtf", "{\\rtf1 a}");
+  write("b.rtf", "no rtf");
+  write("c.txt", "plain");
+  write("empty.txt", "");
+  fs::create_directory(folder_ / "sub");
+  write("sub/a.rtf", "{\\rtf1 other}");
+  EXPECT_EQ(run("convert a.rtf b.rtf missing.rtf c.txt empty.txt sub/a.rtf --to rtfd --into out"), 1);
+  EXPECT_NE(printed_.find("styledtext: b.rtf: "), std::string::npos) << printed_;
+  EXPECT_NE(printed_.find("styledtext: missing.rtf: No such file or directory\n"), std::string::npos) << printed_;
+  EXPECT_NE(printed_.find("styledtext: sub/a.rtf: another document was converted to out/a.rtfd\n"), std::string::npos);
+  for (const char* name : {"a", "c", "empty"})
+    EXPECT_TRUE(fs::exists(folder_ / "out" / (std::string(name) + ".rtfd/TXT.rtf")));
+  EXPECT_FALSE(fs::exists(folder_ / "out/b.rtfd"));
+  EXPECT_EQ(run("convert c.txt -o missing/c.rtf"), 1);
+  EXPECT_EQ(printed_, "styledtext: c.txt: No such file or directory\n");
+}
+
+TEST_F(Documents, WrongUsageSaysWhatIsWrong) {
+  write("a.txt", "");
+  for (const char* line : {"a.txt", "a.txt -o b.unknown", "a.txt a.txt -o b.rtf", "a.txt --into out", "a.txt --to pict -o b",
+                           "--to rtf --into out", "a.txt -o b.rtf --into out --to rtf"}) {
+    EXPECT_EQ(run(std::string("convert ") + line), 2) << line;
+    EXPECT_TRUE(printed_.starts_with("styledtext: ")) << line << ": " << printed_;
+  }
+  EXPECT_EQ(run("inspect missing.rtf"), 1);
+  EXPECT_EQ(printed_, "styledtext: missing.rtf: No such file or directory\n");
+}
+
+TEST_F(Documents, RunsAreListedWithTheirAttributes) {
+  write("a.rtf",
+        "{\\rtf1{\\fonttbl{\\f0 Times;}}{\\colortbl;\\red255\\green0\\blue0;}\\f0\\fs36\\cf1\\qc\\li400 one\\par "
+        "\\pard\\plain\\f0 two}");
+  EXPECT_EQ(run("inspect a.rtf"), 0);
+  EXPECT_EQ(printed_,
+            "Length 7\n"
+            "  DocumentType: NSRTF\n"
+            "0+4 \"one\\n\"\n"
+            "  NSColor: #FF0000\n"
+            "  NSFont: fontName Times-Roman, pointSize 18\n"
+            "  NSParagraphStyle: alignment 2, firstLineHeadIndent 20, headIndent 20\n"
+            "4+3 \"two\"\n"
+            "  NSFont: fontName Times-Roman, pointSize 12\n");
+  EXPECT_EQ(run("inspect a.rtf --json"), 0);
+  EXPECT_NE(printed_.find("{\"location\": 4, \"length\": 3, \"text\": \"two\", \"attributes\": {\"NSFont\": {\"fontName\": "
+                          "\"Times-Roman\", \"pointSize\": 12}}}\n ]}\n"),
+            std::string::npos)
+      << printed_;
+  write("a.txt", "x\"\\\x01");
+  EXPECT_EQ(run("inspect a.txt --json"), 0);
+  EXPECT_NE(printed_.find("\"text\": \"x\\\"\\\\\\u0001\""), std::string::npos) << printed_;
+}
+
+}  // namespace
