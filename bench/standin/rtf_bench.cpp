@@ -39,7 +39,7 @@ void readRTF(benchmark::State& state) {
     const AutoreleasePool inner;
     benchmark::DoNotOptimize(readFrom(data).get());
   }
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * NSData::length(data)));
+  state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(NSData::length(data)));
 }
 
 void writeRTF(benchmark::State& state) {
@@ -53,7 +53,7 @@ void writeRTF(benchmark::State& state) {
     const AutoreleasePool inner;
     benchmark::DoNotOptimize(writtenFrom(string));
   }
-  state.SetBytesProcessed(static_cast<int64_t>(state.iterations() * size));
+  state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(size));
 }
 
 BENCHMARK(readRTF)->ArgName("megabytes")->Arg(1)->Arg(10)->Unit(benchmark::kMillisecond);

@@ -89,4 +89,20 @@ class Runtime {
   friend void registerClassFromPlugin(ClassRecord* record);
 };
 
+// Sets the pending exception aside, so that a call made meanwhile does not throw it; pending again at the end.
+class PendingExceptionAside {
+ public:
+  PendingExceptionAside() : before_(Runtime::shared().takePendingException()) {}
+  PendingExceptionAside(const PendingExceptionAside&) = delete;
+  PendingExceptionAside& operator=(const PendingExceptionAside&) = delete;
+  ~PendingExceptionAside() {
+    if (!before_) return;
+    (void)Runtime::shared().takePendingException();
+    Runtime::shared().raise(before_);
+  }
+
+ private:
+  HostOwned<HostObject> before_;
+};
+
 }  // namespace host

@@ -44,10 +44,10 @@ constexpr ObjectRow objectRows[] = {
 
 Fields propertiesOf(const Value& object, const ObjectRow& row) {
   Fields fields;
-  for (const char* name : row.always) fields.emplace_back(name, describeValue(get(object, name)));
+  for (const char* name : row.always) fields.push_back({name, describeValue(get(object, name))});
   for (const UsualNumber& number : row.unlessUsual) {
     const double value = host::toDouble(get(object, number.property));
-    if (value != number.usual) fields.emplace_back(number.property, describeValue(Value::number(value)));
+    if (value != number.usual) fields.push_back({number.property, describeValue(Value::number(value))});
   }
   return fields;
 }
@@ -74,11 +74,11 @@ Description describeAttachment(const Value& attachment) {
   Fields fields{{"name", describeValue(get(file, "preferredFilename"))}};
   const std::string name = utf8(get(file, "preferredFilename"));
   const size_t dot = name.rfind('.');
-  if (dot != std::string::npos) fields.emplace_back("type", describeValue(Value::string(name.substr(dot + 1))));
+  if (dot != std::string::npos) fields.push_back({"type", describeValue(Value::string(name.substr(dot + 1)))});
   const Value contents = get(file, "RegularFile").asBoolean() ? get(file, "regularFileContents") : Value();
   if (!contents.isNil()) {
     const size_t size = host::memoryOf(contents.asObject()).size();
-    fields.emplace_back("size", describeValue(Value::unsignedInteger(size)));
+    fields.push_back({"size", describeValue(Value::unsignedInteger(size))});
   }
   return {std::move(fields)};
 }
@@ -97,7 +97,7 @@ Description describeDictionary(const host::HostObject* dictionary) {
   Fields fields;
   for (int64_t index = 0; index < host::dictionaryCount(dictionary); ++index) {
     const Value key = host::dictionaryKey(const_cast<host::HostObject*>(dictionary), index);
-    fields.emplace_back(host::toUtf8(key), describeValue(host::dictionaryValue(dictionary, key)));
+    fields.push_back({host::toUtf8(key), describeValue(host::dictionaryValue(dictionary, key))});
   }
   return {std::move(fields)};
 }
@@ -132,8 +132,7 @@ struct JsonWriter {
   std::string operator()(const std::string& value) const { return quotedJson(value); }
   std::string operator()(const Fields& fields) const {
     return "{" +
-           joined(fields, ", ", [](const auto& field) { return quotedJson(field.first) + ": " + asJson(field.second); }) +
-           "}";
+           joined(fields, ", ", [](const auto& field) { return quotedJson(field.name) + ": " + asJson(field.value); }) + "}";
   }
   std::string operator()(const Items& items) const { return "[" + joined(items, ", ", asJson) + "]"; }
 };
@@ -144,7 +143,7 @@ struct TextWriter {
   std::string operator()(double value) const { return host::numberText(value); }
   std::string operator()(const std::string& value) const { return value; }
   std::string operator()(const Fields& fields) const {
-    return joined(fields, ", ", [](const auto& field) { return field.first + " " + nestedText(field.second); });
+    return joined(fields, ", ", [](const auto& field) { return field.name + " " + nestedText(field.value); });
   }
   std::string operator()(const Items& items) const { return joined(items, ", ", nestedText); }
 };

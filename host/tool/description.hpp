@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -11,11 +10,17 @@
 namespace tool {
 
 struct Description;
-using Fields = std::vector<std::pair<std::string, Description>>;
+struct Field;
+using Fields = std::vector<Field>;
 using Items = std::vector<Description>;
 
 struct Description {
   std::variant<std::monostate, bool, double, std::string, Fields, Items> value;
+};
+
+struct Field {
+  std::string name;
+  Description value;
 };
 
 // Numbers, texts, dictionaries, and what is to be known of the objects that attributes are.

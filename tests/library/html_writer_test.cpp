@@ -1,6 +1,7 @@
 // The HTML dialect as it is written, and the escaping of text.
 #include <vector>
 
+#include "html/writer.hpp"
 #include "tests/library/html_fixture.hpp"
 
 namespace {
@@ -122,11 +123,44 @@ TEST_F(HtmlWriter, ALinkIsWrittenAsItDescribesItself) {
   EXPECT_EQ(written({{u"a", font(12), relative}}), "<a href=\"page.html\">a</a>");
 }
 
+// A text that says of every character that it is a run of its own.
+const std::vector<Piece>* characterRuns;
+NSString* charactersOf(NSObject*, SEL) {
+  std::u16string text;
+  for (const Piece& run : *characterRuns) text += run.text;
+  return newString(text).autorelease();
+}
+NSDictionary* attributesOfCharacter(NSObject*, SEL, NSUInteger index, NSRange* run) {
+  *run = {index, 1};
+  return attributesOf((*characterRuns)[index]);
+}
+std::string writtenByCharacters(const std::vector<Piece>& runs) {
+  static const Class cls = [] {
+    const Class made = objc_allocateClassPair(objc_getClass("NSObject"), "RunsOfOneCharacter", 0);
+    class_addMethod(made, NSAttributedString::string.selector(), reinterpret_cast<IMP>(&charactersOf), "@@:");
+    class_addMethod(made, NSAttributedString::attributesAtIndex.selector(), reinterpret_cast<IMP>(&attributesOfCharacter),
+                    "@@:Q^v");
+    objc_registerClassPair(made);
+    return made;
+  }();
+  characterRuns = &runs;
+  const auto text = adopt(NSObject::init(NSObject::alloc(cls)));
+  return utf8(html::write(static_cast<NSAttributedString*>(text.get())));
+}
+
 TEST_F(HtmlWriter, EqualAttributesInConsecutiveRunsWriteNothing) {
   NSFont* const bold = font(14, NSBoldFontMask);
-  EXPECT_EQ(written({{u"a", bold}, {u"b", bold}, {u"c", bold, nullptr, flag(0)}}), "<b><font size=5>abc</font></b>");
-  EXPECT_EQ(written({{u"a", bold, link(u"u")}, {u"b", bold, link(u"u")}}), "<a href=\"u\"><b><font size=5>ab</a></font></b>")
-      << "runs of equal attributes are one, although the links are two";
+  EXPECT_EQ(writtenByCharacters({{u"a", bold}, {u"b", bold}, {u"c", bold, nullptr, flag(0)}}),
+            "<b><font size=5>abc</font></b>");
+  NSString *const one = link(u"a target of its own, and long"), *const other = link(u"a target of its own, and long");
+  ASSERT_NE(one, other);
+  const std::string open = "<a href=\"a target of its own, and long\">";
+  // The link that is open is that of the run written, not of an equal one since.
+  const std::pair<NSString*, std::string> cases[] = {{one, ""}, {other, "</a>" + open}};
+  for (const auto& [last, tags] : cases) {
+    EXPECT_EQ(writtenByCharacters({{u"a", bold, one}, {u"b", bold, other}, {u"c", bold, last, flag(1)}}),
+              open + "<b><font size=5>ab" + tags + "<u>c</a></font></u></b>");
+  }
 }
 
 TEST_F(HtmlWriter, ReadsBackWhatItCan) {

@@ -24,7 +24,7 @@ class LogLines {
   std::string lines_;
 };
 
-// Members of every sort of result, asked for places that a text of four characters does not have.
+// Members with every sort of result, asked for places that a text of four characters does not have.
 struct Refusal {
   const char* what;
   Value (*call)(const Value& text);
@@ -67,11 +67,11 @@ TEST_F(WithoutSibling, ARefusalIsLoggedAndNothingIsRaised) {
   }
   const Value text = calls::text("four", "NSMutableAttributedStringZKT");
   LogLines log;
-  for (const auto& [what, call] : refusals) {
+  for (const Refusal& refusal : refusals) {
     Value result = Value::boolean(true);
-    EXPECT_EQ(calls::raisedBy([&] { result = call(text); }), "") << what;
-    EXPECT_EQ(result.word(), 0U) << what;
-    EXPECT_NE(reasonIn(log.take()), "") << what;
+    EXPECT_EQ(calls::raisedBy([&] { result = refusal.call(text); }), "") << refusal.what;
+    EXPECT_EQ(result.word(), 0U) << refusal.what;
+    EXPECT_NE(reasonIn(log.take()), "") << refusal.what;
   }
   EXPECT_EQ(calls::textOf(text), "four");
 }
@@ -81,11 +81,11 @@ class WithSibling : public calls::MemberTest {};
 TEST_F(WithSibling, ARefusalIsLoggedAndRaisedWithTheSameReason) {
   const Value text = calls::text("four", "NSMutableAttributedStringZKT");
   LogLines log;
-  for (const auto& [what, call] : refusals) {
-    const std::string raised = calls::raisedBy([&] { call(text); });
+  for (const Refusal& refusal : refusals) {
+    const std::string raised = calls::raisedBy([&] { refusal.call(text); });
     const std::string reason = reasonIn(log.take());
-    EXPECT_NE(reason, "") << what;
-    EXPECT_EQ(raised, "NSExceptionZKT: " + reason) << what;
+    EXPECT_NE(reason, "") << refusal.what;
+    EXPECT_EQ(raised, "NSExceptionZKT: " + reason) << refusal.what;
   }
 }
 

@@ -1,5 +1,4 @@
 // When the registry and the exception support of a sibling library are obtained.
-#include "bridge/strings.hpp"
 #include "plugin/sibling.hpp"
 #include "plugin/wrappers.hpp"
 #include "tests/library/bridge_fixture.hpp"
@@ -33,7 +32,6 @@ class SharedServices : public bridge_test::BridgeTest {
     ASSERT_FALSE(sibling::offers(sibling::GetInstancesDictionary));
     ExceptionsInitialized = false;
   }
-  static REALobject wrapped(NSObject* object, const char* hostClass) { return wrapRegistered(object, hostClass); }
 
   // Keys by identity, neither keys nor values retained.
   const Owned<NSMutableDictionary> registry_ = adopt(CFDictionaryCreateMutable(kCFAllocatorDefault, 0, nullptr, nullptr));
@@ -71,8 +69,8 @@ TEST_F(SharedServices, AreNotSoughtByWrapping) {
   offeredRegistry = registry_;
   offerRegistry();
   offerExceptions();
-  const Variant first = adoptHost(wrapped(object_, "StrangerZKT"));
-  const Variant second = adoptHost(wrapped(object_, "StrangerZKT"));
+  const Variant first = adoptHost(wrapRegistered(object_, "StrangerZKT"));
+  const Variant second = adoptHost(wrapRegistered(object_, "StrangerZKT"));
   EXPECT_NE(first.get(), second.get());
   EXPECT_EQ(registryRequests + preparations, 0);
   EXPECT_EQ(instances, nullptr);
@@ -86,10 +84,10 @@ TEST_F(SharedServices, ObtainedInTheMiddleOfWrappingTakeTheEntry) {
   offerRegistry();
   const NSUInteger before = NSObject::retainCount(object_);
   {
-    const Variant first = adoptHost(wrapped(object_, "NSShadowZKT"));
+    const Variant first = adoptHost(wrapRegistered(object_, "NSShadowZKT"));
     EXPECT_EQ(instances, registry_.get()) << "the constructor of the new wrapper ran";
     EXPECT_EQ(registeredInstance(object_), first.get());
-    const Variant second = adoptHost(wrapped(object_, "NSShadowZKT"));
+    const Variant second = adoptHost(wrapRegistered(object_, "NSShadowZKT"));
     EXPECT_EQ(second.get(), first.get());
     EXPECT_EQ(NSObject::retainCount(object_), before + 1);
   }

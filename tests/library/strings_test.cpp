@@ -306,14 +306,25 @@ TEST_F(Strings, OfTheLastCharacterGoBothWaysOnEveryHost) {
 }
 
 TEST_F(Strings, OfLessThanAUnitAreBuiltOfNothing) {
-  const struct {
-    std::string bytes;
-    uint32_t encoding;
-    const char* expected;
-  } cases[] = {{"a", 0x0C000100, "nil"}, {"ab", 0x0C000100, "nil"}, {"abc", 0x0C000100, "nil"}};
   for (const double version : {2011.9, 2012.0, 2012.999}) {
     hostVersion = version;
-    for (const auto& [bytes, encoding, expected] : cases) EXPECT_EQ(built(bytes, encoding), expected) << version;
+    for (const char* bytes : {"a", "ab", "abc"}) EXPECT_EQ(built(bytes, 0x0C000100), "nil") << version << bytes;
+  }
+}
+
+TEST_F(Strings, WhoseBytesAreNotToBeHadAreNil) {
+  for (const char* service : {"StringGetCString", "LenB( s as string ) as integer", "REALLoadGlobalMethod"}) {
+    switchOff("REALGetStringCFString");
+    switchOff(service);
+    for (const uint32_t encoding : {0xFFFFU, 0U, 0x100U, 0x600U, 0x08000100U, 0x0C000100U}) {
+      const auto string = bridge::ownedString(hostString("abcd", encoding));
+      if (std::string_view(service) == "StringGetCString") {
+        EXPECT_EQ(string, nullptr) << service << ", encoding " << std::hex << encoding;
+      } else {
+        EXPECT_EQ(NSString::length(string), 0U) << service << ", encoding " << std::hex << encoding;
+      }
+    }
+    allOn();
   }
 }
 

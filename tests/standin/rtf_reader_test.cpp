@@ -90,6 +90,19 @@ TEST(RtfReader, ReadsFormattingAndRestoresItWhenGroupsClose) {
   EXPECT_EQ(f.paragraph.tabs->front().kind, standin::text::TabKind::right);
 }
 
+TEST(RtfReader, BytesOfAnAnsiFontAreWindowsLatinWhateverTheDocumentIs) {
+  const auto document =
+      parsed("{\\rtf1\\ansi\\ansicpg936{\\fonttbl\\f0\\fcharset0 SimSun;\\f1 Other;}\\f0\\'93a\\'94 \\f1\\'d6\\'d0}");
+  EXPECT_EQ(document->text, u"\u201Ca\u201D \u4E2D");
+}
+
+TEST(RtfReader, OddParagraphsAreReadAsTheyAreMeant) {
+  const auto document = parsed("{\\rtf1\\qr\\ri-380 a\\par\\qnatural\\ri400 b}");
+  EXPECT_EQ(styleAt(*document, 0).paragraph.tailIndent, 0);
+  EXPECT_EQ(styleAt(*document, 2).paragraph.tailIndent, -20);
+  EXPECT_EQ(styleAt(*document, 2).paragraph.alignment, Alignment::natural);
+}
+
 TEST(RtfReader, ReadsLinksPropertiesAndPageSetup) {
   const auto document = parsed(
       "{\\rtf1\\paperw11906\\margl1440{\\info{\\title T\\'e9st}{\\author A. B.}{\\creatim\\yr2014\\mo3\\dy5\\hr6\\min7}}"

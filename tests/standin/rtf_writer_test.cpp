@@ -77,7 +77,8 @@ TEST(RtfWriter, ALinkIsAFieldInEachParagraphWithItsTargetQuoted) {
   Style link;
   link.link = u"http://example.org/?a=\"b\"";
   const std::string target = "{\\field{\\*\\fldinst{HYPERLINK \"http://example.org/?a=%22b%22\"}}{\\fldrslt ";
-  EXPECT_EQ(body({{u"one\n\ntwo", link}, {u"end", {}}}), "\\f0 " + target + "one}}\\par\n\\par\n" + target + "two}}end");
+  EXPECT_EQ(body({{u"one\n\ntwo", link}, {u"end", {}}}),
+            "\\f0 " + target + "one\\par\n}}" + target + "\\par\n}}" + target + "two}}end");
 }
 
 TEST(RtfWriter, SizesAreHalfPointsWithinWhatReadersTake) {

@@ -17,7 +17,7 @@ void raiseException(HostObject* exception) { Runtime::shared().raise(exception);
 // The result is the caller's to drop. An exception that was pending before stays so.
 HostObject* callWithExceptionHandler(void (*function)(void*), void* argument) {
   Runtime& runtime = Runtime::shared();
-  HostOwned<HostObject> before = runtime.takePendingException();
+  const PendingExceptionAside before;
   HostOwned<HostObject> caught;
   try {
     function(argument);
@@ -26,7 +26,6 @@ HostObject* callWithExceptionHandler(void (*function)(void*), void* argument) {
     caught = retain(exception.object());
     (void)runtime.takePendingException();
   }
-  if (before) runtime.raise(before);
   return caught.detach();
 }
 

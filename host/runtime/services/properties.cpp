@@ -43,11 +43,12 @@ bool store(const Value& value, HostObject** result) {
   return true;
 }
 
-// A getter that throws leaves the property unread.
+// A getter that throws leaves the property unread. An exception that was pending before stays so.
 template <class Result>
 bool getProperty(HostObject* object, const char* name, Result* result) {
   const Property* property = findProperty(object, name);
   if (property == nullptr) return false;
+  const PendingExceptionAside before;
   try {
     return store(property->read(object), result);
   } catch (const HostException&) {
@@ -58,6 +59,7 @@ bool getProperty(HostObject* object, const char* name, Result* result) {
 bool setProperty(HostObject* object, const char* name, const Value& value) {
   const Property* property = findProperty(object, name);
   if (property == nullptr || property->isReadOnly()) return false;
+  const PendingExceptionAside before;
   property->write(object, value);
   return true;
 }

@@ -26,6 +26,12 @@ void Builder::addUnit(char16_t unit, const CharacterFormat& format) {
   addLength(1, format);
 }
 
+int Builder::linkTo(const std::u16string& target) {
+  const auto [entry, isNew] = linkIndices_.try_emplace(target, static_cast<int>(links_.size()));
+  if (isNew) links_.push_back(target);
+  return entry->second;
+}
+
 void Builder::addLength(size_t units, const CharacterFormat& format) {
   if (units == 0) return;
   if (paragraphRuns_.empty() || paragraphRuns_.back().format != format) paragraphRuns_.push_back({format, 0});
@@ -76,7 +82,7 @@ text::Style Builder::makeStyle(const CharacterFormat& format, const text::Paragr
   style.baselineOffset = format.baseline / 2.0;
   style.kern = format.kern / 20.0;
   style.expansion = format.expansion / 100.0;
-  if (format.link >= 0) style.link = links[static_cast<size_t>(format.link)];
+  if (format.link >= 0) style.link = links_[static_cast<size_t>(format.link)];
   if (format.attachment >= 0) style.attachment = attachments[static_cast<size_t>(format.attachment)];
   style.paragraph = paragraph;
   return style;

@@ -23,13 +23,14 @@ class Builder {
   // Ends the paragraph with the unit; the formatting in force holds for all of it.
   void endParagraph(char16_t unit, const CharacterFormat& format, const text::Paragraph& paragraph);
   void flush();
+  // The index of the link to the target, one for all links to it.
+  int linkTo(const std::u16string& target);
 
   // Ends the last paragraph, which has no end of its own, and hands the document over.
   Document finish(const text::Paragraph& last);
 
   std::map<int, FontEntry> fonts;
   std::vector<text::Color> colors;  // index 0 is the reader's default
-  std::vector<std::u16string> links;
   std::vector<std::shared_ptr<const text::Attachment>> attachments;
   Document document;
 
@@ -46,6 +47,8 @@ class Builder {
   std::optional<text::Color> color(int index) const;
 
   Decoder decoder_;
+  std::vector<std::u16string> links_;
+  std::unordered_map<std::u16string, int> linkIndices_;
   std::string bytes_;
   CharacterFormat bytesFormat_;
   int bytesCodePage_ = 0;

@@ -2,6 +2,7 @@
 #include "standin/formats/rtf/lexer.hpp"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 
 namespace standin::formats::rtf {
@@ -9,7 +10,12 @@ namespace {
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool endsText(char c) { return c == '{' || c == '}' || c == '\\' || c == '\r' || c == '\n'; }
+
+constexpr auto endsText = [] {
+  std::array<bool, 256> table{};
+  for (const char c : {'{', '}', '\\', '\r', '\n'}) table[static_cast<unsigned char>(c)] = true;
+  return table;
+}();
 
 int hexDigit(char c) {
   if (isDigit(c)) return c - '0';
@@ -29,7 +35,7 @@ Token Lexer::next() {
     return {.kind = first == '{' ? TokenKind::open : TokenKind::close};
   }
   if (first == '\\') return control();
-  const auto end = std::find_if(rest_.begin(), rest_.end(), endsText);
+  const auto end = std::find_if(rest_.begin(), rest_.end(), [](unsigned char c) { return endsText[c]; });
   const std::string_view text = rest_.substr(0, static_cast<size_t>(end - rest_.begin()));
   rest_.remove_prefix(text.size());
   return {.kind = TokenKind::text, .text = text};

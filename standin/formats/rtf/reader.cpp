@@ -5,7 +5,7 @@
 #include <array>
 
 #include "standin/formats/rtf/builder.hpp"
-#include "standin/formats/rtf/control_words.hpp"
+#include "standin/formats/rtf/formatting.hpp"
 #include "standin/formats/rtf/lexer.hpp"
 #include "standin/formats/rtf/link_target.hpp"
 #include "standin/formats/rtf/pictures.hpp"
@@ -14,16 +14,10 @@
 namespace standin::formats::rtf {
 namespace {
 
-constexpr double twips = 20;  // in a point
-
 // The text properties in the order of the control words' values.
 constexpr std::array propertyMembers = {
     &Properties::title,    &Properties::subject,  &Properties::author,  &Properties::manager, &Properties::company,
     &Properties::category, &Properties::keywords, &Properties::comment, &Properties::editor,  &Properties::copyright};
-
-// The lengths of the page in the order of their actions.
-constexpr std::array lengthMembers = {&PageSetup::paperWidth,  &PageSetup::paperHeight, &PageSetup::leftMargin,
-                                      &PageSetup::rightMargin, &PageSetup::topMargin,   &PageSetup::bottomMargin};
 
 class Reader {
  public:
@@ -125,8 +119,7 @@ class Reader {
     const auto target = linkTarget(captured_);
     for (size_t depth = groups_.size(); target && depth-- > 0;) {
       if (!groups_[depth].isField) continue;
-      builder_.links.push_back(*target);
-      groups_[depth].characters.link = static_cast<int>(builder_.links.size()) - 1;
+      groups_[depth].characters.link = builder_.linkTo(*target);
       return;
     }
   }
@@ -276,58 +269,12 @@ class Reader {
 
   void actOnCharacters(const ControlWord& word, std::optional<int> parameter) {
     CharacterFormat& format = state().characters;
-    const bool on = parameter.value_or(1) != 0;
-    const int number = parameter.value_or(0);
-    switch (word.action) {
-      case Action::plain: {
-        const CharacterFormat standard{.font = defaultFont_, .link = format.link};
-        format = standard;
-        break;
-      }
-      case Action::bold:
-        format.bold = on;
-        break;
-      case Action::italic:
-        format.italic = on;
-        break;
-      case Action::hidden:
-        format.hidden = on;
-        break;
-      case Action::kern:
-        format.kern = std::clamp(number, -32768, 32767);
-        break;
-      case Action::expansion:
-        format.expansion = std::clamp(number, 1, 600) - 100;
-        break;
-      case Action::font:
-        setFont(number);
-        break;
-      case Action::fontSize:
-        format.halfPoints = std::clamp(parameter.value_or(24), 1, 3276);
-        break;
-      case Action::foreground:
-        format.foreground = number;
-        break;
-      case Action::background:
-        format.background = number;
-        break;
-      case Action::underlineColor:
-        format.underlineColor = number;
-        break;
-      case Action::underline:
-        format.underline = on ? word.value : 0;
-        break;
-      case Action::strikethrough:
-        format.strikethrough = on ? word.value : 0;
-        break;
-      case Action::superscript:
-        format.superscript = on ? word.value : 0;
-        break;
-      case Action::raise:
-        format.baseline = word.value * std::clamp(parameter.value_or(6), -3276, 3276);
-        break;
-      default:
-        break;
+    if (word.action == Action::plain) {
+      format = {.font = defaultFont_, .link = format.link};
+    } else if (word.action == Action::font) {
+      setFont(parameter.value_or(0));
+    } else {
+      formatCharacters(format, word, parameter);
     }
   }
 
@@ -342,86 +289,15 @@ class Reader {
   }
 
   void actOnParagraphOrDocument(const ControlWord& word, std::optional<int> parameter) {
-    if (word.action <= Action::tabKind) {
-      actOnParagraph(word, parameter);
+    if (word.action == Action::paragraphEnd || word.action == Action::tableCell) {
+      endParagraph();
+    } else if (word.action <= Action::tabKind) {
+      formatParagraph(state(), word, parameter);
     } else if (word.action <= Action::blue) {
       actOnEncodingOrTable(word, parameter);
     } else {
       actOnDocument(word, parameter);
     }
-  }
-
-  void actOnParagraph(const ControlWord& word, std::optional<int> parameter) {
-    text::Paragraph& paragraph = state().paragraph;
-    const double points = parameter.value_or(0) / twips;
-    switch (word.action) {
-      case Action::paragraphDefaults:
-        paragraph = {};
-        lineHeight_ = 0;
-        break;
-      case Action::paragraphEnd:
-      case Action::tableCell:
-        endParagraph();
-        break;
-      case Action::alignment:
-        paragraph.alignment = static_cast<text::Alignment>(word.value);
-        break;
-      case Action::direction:
-        paragraph.direction = static_cast<text::WritingDirection>(word.value);
-        break;
-      // RTF counts the first line from the left indent, the platform from the margin.
-      case Action::firstLineIndent:
-        paragraph.firstLineIndent = paragraph.headIndent + points;
-        break;
-      case Action::leftIndent:
-        paragraph.firstLineIndent += points - paragraph.headIndent;
-        paragraph.headIndent = points;
-        break;
-      case Action::rightIndent:
-        paragraph.tailIndent = -std::max(points, 0.0);  // into the margin it cannot reach
-        break;
-      case Action::spaceBefore:
-        paragraph.spacingBefore = points;
-        break;
-      case Action::spaceAfter:
-        paragraph.spacingAfter = points;
-        break;
-      case Action::lineHeight:
-        lineHeight_ = points;
-        setLineHeight(false);
-        break;
-      case Action::lineHeightRule:
-        setLineHeight(parameter.value_or(0) != 0);
-        break;
-      case Action::tabPosition:
-        addTab(points);
-        break;
-      case Action::tabKind:
-        state().nextTab = static_cast<text::TabKind>(word.value);
-        break;
-      default:
-        break;
-    }
-  }
-
-  // Positive: at least; negative: exactly; with the multiple rule: lines of 12 points.
-  void setLineHeight(bool multiple) {
-    text::Paragraph& paragraph = state().paragraph;
-    paragraph.minimumLineHeight = paragraph.maximumLineHeight = paragraph.lineHeightMultiple = 0;
-    if (multiple) {
-      paragraph.lineHeightMultiple = lineHeight_ == 12 ? 0 : lineHeight_ / 12;
-    } else {
-      paragraph.minimumLineHeight = std::abs(lineHeight_);
-      if (lineHeight_ < 0) paragraph.maximumLineHeight = -lineHeight_;
-    }
-  }
-
-  void addTab(double position) {
-    constexpr size_t mostTabs = 64;
-    auto& stops = state().paragraph.tabs;
-    std::vector<text::TabStop>& tabs = stops ? *stops : stops.emplace();
-    if (tabs.size() < mostTabs) tabs.push_back({position, state().nextTab});
-    state().nextTab = text::TabKind::left;
   }
 
   void actOnEncodingOrTable(const ControlWord& word, std::optional<int> parameter) {
@@ -463,53 +339,20 @@ class Reader {
 
   void actOnDocument(const ControlWord& word, std::optional<int> parameter) {
     const int number = parameter.value_or(0);
-    if (word.action <= Action::bottomMargin) {
-      builder_.document.page.*lengthMembers[static_cast<size_t>(word.action) - static_cast<size_t>(Action::paperWidth)] =
-          number / twips;
-    } else if (word.action <= Action::rtfVersion) {
-      actOnInformation(word.action, number);
+    if (word.action <= Action::rtfVersion) {
+      takeInformation(builder_.document, word.action, number);
     } else {
       actOnGroups(word, number);
-    }
-  }
-
-  void actOnInformation(Action action, int number) {
-    DocumentInformation& document = builder_.document;
-    switch (action) {
-      case Action::defaultTab:
-        document.defaultTabInterval = number / twips;
-        break;
-      case Action::viewMode:
-        document.viewMode = number;
-        break;
-      case Action::viewZoom:
-        document.viewZoom = number;
-        break;
-      case Action::viewWidth:
-        document.viewWidth = number / twips;
-        break;
-      case Action::viewHeight:
-        document.viewHeight = number / twips;
-        break;
-      case Action::hyphenation:
-        document.hyphenationFactor = number / 100.0;
-        break;
-      case Action::readOnly:
-        document.readOnly = number;
-        break;
-      default:
-        document.rtfVersion = number;
-        break;
     }
   }
 
   void actOnGroups(const ControlWord& word, int number) {
     switch (word.action) {
       case Action::pictureWidth:
-        pictures_.width = number / twips;
+        pictures_.width = number / twipsInPoint;
         break;
       case Action::pictureHeight:
-        pictures_.height = number / twips;
+        pictures_.height = number / twipsInPoint;
         break;
       case Action::field:
         state().isField = true;
@@ -545,7 +388,6 @@ class Reader {
   std::shared_ptr<const text::Attachment> ended_;  // the one that the group just closed told of
   std::array<int, 3> rgb_{};
   CalendarTime* time_ = nullptr;
-  double lineHeight_ = 0;
   int documentCodePage_ = 1252;
   int defaultFont_ = 0;
   int fontNumber_ = 0;

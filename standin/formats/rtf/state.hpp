@@ -33,6 +33,7 @@ struct GroupState {
   CharacterFormat characters;
   text::Paragraph paragraph;
   text::TabKind nextTab = text::TabKind::left;
+  double lineHeight = 0;  // points; what it means, the multiple rule says behind it
   int unicodeSkip = 1;
   bool starred = false;     // \* came: an unknown destination is to be skipped
   bool atStart = true;      // nothing but \* came yet

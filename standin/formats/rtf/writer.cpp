@@ -84,13 +84,11 @@ class Writer {
     }
   }
 
-  // A field may not reach over a paragraph's end: each paragraph's part of a link is a field of its own.
+  // A field may not reach into the next paragraph: each paragraph's part of a link is a field of its own, its end included.
   void writeStretch(const text::Style& style, uint32_t from, uint32_t stop) {
-    const uint32_t inside = styled_.text[stop - 1] == u'\n' ? stop - 1 : stop;
-    if (!style.link.empty() && inside > from) openField(style.link);
-    writeCharacters(style, from, inside);
-    if (!style.link.empty() && inside > from) out_ += "}}";
-    appendCharacters(out_, styled_.text, inside, stop - inside);
+    if (!style.link.empty()) openField(style.link);
+    writeCharacters(style, from, stop);
+    if (!style.link.empty()) out_ += "}}";
   }
 
   void writeCharacters(const text::Style& style, uint32_t from, uint32_t stop) {
