@@ -1,8 +1,10 @@
 // The guard primitive on macOS, where platform exceptions are Objective-C's. Compiled without the frameworks' headers: what
 // is needed of them is declared here, and platform/guard.h is left out because there the class is a C++ struct.
-__attribute__((objc_root_class)) @interface NSObject
+__attribute__((objc_root_class))
+@interface NSObject
 @end
-__attribute__((objc_exception)) @interface NSException : NSObject
+__attribute__((objc_exception))
+@interface NSException : NSObject
 @end
 
 extern "C" NSException* platform_catchException(void (*body)(void*), void* context) {
