@@ -22,7 +22,10 @@ struct Export<message, Message<Result(NSRange, NSDictionary*)>> {
     });
   }
   static auto whole(REALobject self, REALdictionary* documentAttributes) {
-    return guarded([&] { return write(self, {0, NSAttributedString::length(platformObject(self))}, documentAttributes); });
+    return guarded([&] {
+      NSObject* text = platformObject(self);
+      return text != nullptr ? write(self, {0, NSAttributedString::length(text)}, documentAttributes) : nullptr;
+    });
   }
 
  private:

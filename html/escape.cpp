@@ -95,9 +95,4 @@ void appendEscaped(std::u16string_view text, std::u16string& output) {
   }
 }
 
-void reserveEscaped(std::size_t units, std::u16string& output) {
-  constexpr std::size_t mostToSpare = std::size_t{1} << 27;
-  output.reserve(std::min(units * longestEscape, units + mostToSpare));
-}
-
 }  // namespace html

@@ -9,8 +9,4 @@ namespace html {
 // Works on UTF-16 units: a surrogate pair becomes two references.
 void appendEscaped(std::u16string_view text, std::u16string& output);
 
-// Makes room for the escaped text of that many units, so that most texts grow no further. Room that is not used costs
-// nothing: the system gives memory when it is written.
-void reserveEscaped(std::size_t units, std::u16string& output);
-
 }  // namespace html

@@ -66,7 +66,7 @@ void fillTables(Class, SEL) {
 NSString* escaped(NSString* self, SEL) {
   const Units text(self);
   std::u16string output;
-  reserveEscaped(text.view().size(), output);
+  output.reserve(text.view().size());
   appendEscaped(text, output);
   return autoreleasedString(output);
 }

@@ -127,7 +127,7 @@ std::u16string write(NSAttributedString* source) {
   const Units units(NSAttributedString::string(source));
   const std::u16string_view text = units;
   std::u16string output;
-  reserveEscaped(text.size(), output);
+  output.reserve(text.size());
   NSRange run{0, 0};
   for (std::size_t index = 0; index < text.size(); index = run.location + run.length) {
     NSDictionary* attributes = NSAttributedString::attributesAtIndex(source, index, &run);

@@ -198,6 +198,7 @@ struct NSImage : NSObject {
 
 struct NSCell : NSObject {
   static constexpr char className_[] = "NSCell";
+  static inline constinit Message<NSImage*()> image{"image"};
   static inline constinit Message<void(NSImage*)> setImage{"setImage:"};
 };
 

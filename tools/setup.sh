@@ -34,11 +34,12 @@ configure() {
 
 build_folder() { [ "$1" = release ] && echo build || echo "build/$1"; }
 
-# build PRESET [TARGETS]
+# build PRESET [TARGETS]: says so only when there is something to build.
 build() {
   local folder
   folder=$(build_folder "$1")
   shift
-  if [ -n "$(ninja -C "$folder" -n "$@" 2>/dev/null | grep -v 'no work to do' | grep '\[' | head -1)" ]; then say "building"; fi
+  ninja -C "$folder" -n "$@" 2>/dev/null | grep '^\[' | grep -qv 'Re-checking globbed' || return 0
+  say "building"
   ninja -C "$folder" --quiet "$@" >&2
 }

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "platform/appkit.h"
-#include "standin/appkit/attributed_string.hpp"
 #include "standin/foundation/number.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/text/styled_text.hpp"
@@ -201,17 +200,6 @@ void loadRuns(benchmark::State& state) {
   state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * state.range(0));
 }
 
-// By message, as programs do it.
-void attributesAtIndex(benchmark::State& state) {
-  const Owned<NSAttributedString> string = standin::appkit::newAttributedString(styledText(runCount(state)));
-  Positions positions(static_cast<uint32_t>(NSAttributedString::length(string)));
-  for (auto _ : state) {
-    const AutoreleasePool pool;
-    NSRange range;
-    benchmark::DoNotOptimize(NSAttributedString::attributesAtIndex(string, positions.next(), &range));
-  }
-}
-
 BENCHMARK(insertAndDeleteCharacter);
 #define AT_ALL_SIZES(function) BENCHMARK(function)->Arg(64)->Arg(262144)->Arg(1048576)
 AT_ALL_SIZES(findRun);
@@ -224,6 +212,5 @@ AT_ALL_SIZES(copyText);
 AT_ALL_SIZES(sliceText);
 AT_ALL_SIZES(walkRuns);
 AT_ALL_SIZES(loadRuns);
-BENCHMARK(attributesAtIndex)->Arg(64)->Arg(100000)->Arg(1048576);
 
 }  // namespace

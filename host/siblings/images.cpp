@@ -1,4 +1,4 @@
-// Images.
+// Images, and the cells that show them.
 #include <algorithm>
 
 #include "host/siblings/class_builder.hpp"
@@ -20,6 +20,18 @@ double width(HostObject* self, int64_t) {
 }
 double height(HostObject* self, int64_t) {
   return guarded([self] { return size(self).height; });
+}
+
+HostObject* sizeOf(HostObject* self, int64_t) {
+  return guarded([self] {
+    HostObject* made = newInstance("NSSizeZKT");
+    if (made != nullptr) made->word<NSSize>() = size(self);
+    return made;
+  });
+}
+
+HostObject* imageOf(HostObject* self, int64_t) {
+  return guarded([self] { return wrap(NSCell::image(wrapped<NSCell>(self)), imageClass); });
 }
 
 // Puts the image that was made into the wrapper; raises when none was.
@@ -57,10 +69,12 @@ void fromBytes(HostObject* self, HostObject* block) {
 void registerImages() {
   ClassBuilder::registerWithHost(ClassBuilder(imageClass)
                                      .wrapper()
+                                     .property("size", "NSSizeZKT", sizeOf)
                                      .property("width", "Double", width)
                                      .property("height", "Double", height)
                                      .method("Constructor(file as FolderItem)", fromFile)
                                      .method("Constructor(data as MemoryBlock)", fromBytes));
+  ClassBuilder::registerWithHost(ClassBuilder("NSCellZKT").wrapper().property("image", imageClass, imageOf));
 }
 
 }  // namespace siblings

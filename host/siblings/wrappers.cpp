@@ -25,7 +25,6 @@ constexpr struct {
     {"NSBoxZKT", "NSViewZKT"},
     {"NSBundleZKT"},
     {"NSCalendarZKT"},
-    {"NSCellZKT"},
     {"NSCharacterSetZKT"},
     {"NSClipViewZKT", "NSViewZKT"},
     {"NSCoderZKT"},

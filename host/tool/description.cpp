@@ -67,19 +67,34 @@ std::string colorText(const Value& color) {
   return text;
 }
 
-// Name, type and size of an attachment's file.
+// The bytes of a file, and of all files in a folder.
+uint64_t sizeOf(const Value& file) {
+  if (get(file, "RegularFile").asBoolean()) {
+    const Value contents = get(file, "regularFileContents");
+    return contents.isNil() ? 0 : host::memoryOf(contents.asObject()).size();
+  }
+  if (!get(file, "Directory").asBoolean()) return 0;
+  const Value children = get(file, "fileWrappers");
+  uint64_t size = 0;
+  for (int64_t index = 0; !children.isNil() && index < host::dictionaryCount(children.asObject()); ++index) {
+    const Value key = host::dictionaryKey(children.asObject(), index);
+    size += sizeOf(host::dictionaryValue(children.asObject(), key));
+  }
+  return size;
+}
+
+// Name, type and size of an attachment's file; of one that has only a cell, the size of its picture in points.
 Description describeAttachment(const Value& attachment) {
   const Value file = get(attachment, "fileWrapper");
+  const Value cell = file.isNil() ? get(attachment, "attachmentCell") : Value();
+  const Value image = classNameOf(cell) == "NSCellZKT" ? get(cell, "image") : Value();
+  if (!image.isNil()) return {Fields{{"type", {std::string("image")}}, {"size", describeValue(get(image, "size"))}}};
   if (file.isNil()) return {};
   Fields fields{{"name", describeValue(get(file, "preferredFilename"))}};
   const std::string name = utf8(get(file, "preferredFilename"));
   const size_t dot = name.rfind('.');
   if (dot != std::string::npos) fields.push_back({"type", describeValue(Value::string(name.substr(dot + 1)))});
-  const Value contents = get(file, "RegularFile").asBoolean() ? get(file, "regularFileContents") : Value();
-  if (!contents.isNil()) {
-    const size_t size = host::memoryOf(contents.asObject()).size();
-    fields.push_back({"size", describeValue(Value::unsignedInteger(size))});
-  }
+  fields.push_back({"size", describeValue(Value::unsignedInteger(sizeOf(file)))});
   return {std::move(fields)};
 }
 

@@ -1,8 +1,7 @@
-// File contents: reading, mapping and copying, always from the very file that was found.
+// File contents: reading and copying, always from the very file that was found.
 #include "standin/appkit/file_contents.hpp"
 
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -12,8 +11,8 @@
 namespace standin::appkit {
 namespace {
 
-// Smaller files are read: a mapping costs a page and an open file.
-constexpr uint64_t smallestMapping = 1 << 20;
+// Smaller files are read: one that is kept open costs a descriptor.
+constexpr uint64_t smallestKeptOpen = 1 << 20;
 
 // Open when the file at the path still is the one of the stamp.
 OpenFile openAsFound(const FileOrigin& origin) {
@@ -28,7 +27,7 @@ OpenFile openAsFound(const FileOrigin& origin) {
 std::optional<std::string> readAll(const OpenFile& file, uint64_t size) {
   std::string bytes(size, '\0');
   for (uint64_t filled = 0; filled < size;) {
-    const ssize_t got = ::read(file.descriptor(), bytes.data() + filled, size - filled);
+    const ssize_t got = ::pread(file.descriptor(), bytes.data() + filled, size - filled, static_cast<off_t>(filled));
     if (got < 0 && errno == EINTR) continue;
     if (got == 0) errno = ESTALE;
     if (got <= 0) return std::nullopt;
@@ -65,25 +64,6 @@ bool copyAll(const OpenFile& from, uint64_t size, int to, bool& failedReading) {
 
 }  // namespace
 
-struct FileContents::Mapping {
-  Mapping(OpenFile opened, void* memory, uint64_t count) : file(std::move(opened)), address(memory), size(count) {}
-  Mapping(const Mapping&) = delete;
-  Mapping& operator=(const Mapping&) = delete;
-  ~Mapping() { ::munmap(address, size); }
-
-  // Reading behind the end of a file that has shrunk would end the process.
-  bool isWhole() const {
-    struct stat status {};
-    if (::fstat(file.descriptor(), &status) == 0 && static_cast<uint64_t>(status.st_size) >= size) return true;
-    errno = ESTALE;
-    return false;
-  }
-
-  OpenFile file;
-  void* address;
-  uint64_t size;
-};
-
 OpenFile::~OpenFile() {
   if (descriptor_ < 0) return;
   const int before = errno;
@@ -103,17 +83,14 @@ FileContents FileContents::at(FileOrigin origin) {
   return contents;
 }
 
-bool FileContents::load(bool mayMap) {
+bool FileContents::load(bool mayKeepOpen) {
   if (!isUnread()) return true;
   OpenFile file = openAsFound(*origin_);
   if (!file) return false;
   const uint64_t size = origin_->stamp.size;
-  if (mayMap && size >= smallestMapping) {
-    void* memory = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, file.descriptor(), 0);
-    if (memory != MAP_FAILED) {
-      mapping_ = std::make_shared<Mapping>(std::move(file), memory, size);
-      return true;
-    }
+  if (mayKeepOpen && size >= smallestKeptOpen) {
+    opened_ = std::make_shared<Opened>(Opened{std::move(file), size});
+    return true;
   }
   std::optional<std::string> bytes = readAll(file, size);
   if (!bytes) return false;
@@ -122,10 +99,11 @@ bool FileContents::load(bool mayMap) {
 }
 
 NSData* FileContents::data() {
-  if (data_ == nullptr && mapping_ != nullptr) {
-    if (!mapping_->isWhole()) return nullptr;
-    data_ = foundation::newData(std::string(static_cast<const char*>(mapping_->address), mapping_->size));
-    mapping_.reset();
+  if (data_ == nullptr && opened_ != nullptr) {
+    std::optional<std::string> bytes = readAll(opened_->file, opened_->size);
+    if (!bytes) return nullptr;
+    data_ = foundation::newData(std::move(*bytes));
+    opened_.reset();
   }
   if (data_ == nullptr && origin_ && !load(false)) return nullptr;
   if (data_ == nullptr) data_ = foundation::newData(std::string());
@@ -134,7 +112,7 @@ NSData* FileContents::data() {
 
 bool FileContents::writeTo(int descriptor, bool& failedReading) {
   failedReading = false;
-  if (mapping_ != nullptr) return copyAll(mapping_->file, mapping_->size, descriptor, failedReading);
+  if (opened_ != nullptr) return copyAll(opened_->file, opened_->size, descriptor, failedReading);
   if (!isUnread()) return writeAll(descriptor, foundation::bytesOf(data_));
   const OpenFile file = openAsFound(*origin_);
   failedReading = !file;

@@ -1,4 +1,4 @@
-// The contents of a regular file: in memory, mapped, or still where the file is.
+// The contents of a regular file: in memory, in an open file, or still where the file is.
 #pragma once
 
 #include <memory>
@@ -14,34 +14,6 @@ struct FileOrigin {
   FileStamp stamp;
 };
 
-class FileContents {
- public:
-  FileContents() = default;  // no bytes
-  static FileContents of(Owned<NSData> data);
-  static FileContents at(FileOrigin origin);
-
-  // Reads what is still in the file. A large file is mapped instead, if that is allowed: it stays open, and a file that
-  // shrinks is noticed. False with `errno` set; ESTALE when the file is no longer the one that was found.
-  bool load(bool mayMap);
-  // The bytes, read now if they are not in memory yet. Nil with `errno` set as above.
-  NSData* data();
-  // Writes the bytes without keeping them. False with `errno` set; `failedReading` says at which end.
-  bool writeTo(int descriptor, bool& failedReading);
-  // Bytes that are in the file alone.
-  bool isUnread() const { return data_ == nullptr && mapping_ == nullptr && origin_.has_value(); }
-
-  // Where the same bytes are in the file system, as far as is known.
-  const std::optional<FileOrigin>& origin() const { return origin_; }
-  void setOrigin(FileOrigin origin) { origin_ = std::move(origin); }
-
- private:
-  struct Mapping;
-
-  Owned<NSData> data_;
-  std::shared_ptr<Mapping> mapping_;
-  std::optional<FileOrigin> origin_;
-};
-
 // A file descriptor that closes itself, keeping `errno`.
 class OpenFile {
  public:
@@ -55,6 +27,37 @@ class OpenFile {
 
  private:
   int descriptor_;
+};
+
+class FileContents {
+ public:
+  FileContents() = default;  // no bytes
+  static FileContents of(Owned<NSData> data);
+  static FileContents at(FileOrigin origin);
+
+  // Reads what is still in the file. A large file only stays open instead, if that is allowed: it may go then, and one
+  // that shrinks is noticed. False with `errno` set; ESTALE when the file is no longer the one that was found.
+  bool load(bool mayKeepOpen);
+  // The bytes, read now if they are not in memory yet. Nil with `errno` set as above.
+  NSData* data();
+  // Writes the bytes without keeping them. False with `errno` set; `failedReading` says at which end.
+  bool writeTo(int descriptor, bool& failedReading);
+  // Bytes that are in the file alone.
+  bool isUnread() const { return data_ == nullptr && opened_ == nullptr && origin_.has_value(); }
+
+  // Where the same bytes are in the file system, as far as is known.
+  const std::optional<FileOrigin>& origin() const { return origin_; }
+  void setOrigin(FileOrigin origin) { origin_ = std::move(origin); }
+
+ private:
+  struct Opened {
+    OpenFile file;
+    uint64_t size;
+  };
+
+  Owned<NSData> data_;
+  std::shared_ptr<Opened> opened_;
+  std::optional<FileOrigin> origin_;
 };
 
 }  // namespace standin::appkit

@@ -71,6 +71,7 @@ std::string_view withoutClashMark(std::string_view name);
 FileOutcome readFile(FileWrapper& wrapper, const std::string& path, NSUInteger options);
 // What is at the path is what the wrapper was read from or written to.
 bool matchesFile(FileWrapper& wrapper, const std::string& path);
+inline constexpr size_t longestFileName = 255;  // bytes
 // A name under which a file can be made, in its own folder and nowhere else.
 bool isFileName(const std::string& name);
 FileOutcome writeFile(FileWrapper& wrapper, const std::string& path, NSUInteger options, const std::string& originals);

@@ -43,7 +43,10 @@ void fill(FileWrapper& wrapper, const ArchivedFile& file) {
   wrapper.attributes.created = file.created;
   wrapper.name = file.name;
   wrapper.preferredName = file.preferredName;
-  if (file.kind == FileKind::regular) wrapper.contents = FileContents::of(foundation::newData(std::string(file.bytes)));
+  if (file.kind == FileKind::regular) {
+    wrapper.contents = FileContents::of(foundation::newData(std::string(file.bytes)));
+    wrapper.attributes.size = file.bytes.size();
+  }
   if (file.kind == FileKind::link) wrapper.destination = file.bytes;
   for (const ArchivedFile& child : file.children) {
     Owned<NSFileWrapper> made = newFileWrapper();

@@ -9,10 +9,21 @@ namespace {
 // What the platform puts between a clash's number and the name.
 constexpr std::string_view clashMark = "__#$!@%!#__";
 
+// The name, no longer than so many bytes: what goes is the end of its stem, whole characters.
+std::string shortened(std::string_view name, size_t longest) {
+  if (name.size() <= longest) return std::string(name);
+  const size_t dot = std::min(name.rfind('.'), name.size());
+  const std::string_view extension = name.size() - dot < longest ? name.substr(dot) : std::string_view();
+  size_t stem = longest - extension.size();
+  while (stem > 0 && (static_cast<uint8_t>(name[stem]) & 0xC0) == 0x80) --stem;
+  return std::string(name.substr(0, stem)).append(extension);
+}
+
 std::string uniqueKey(const FileWrapper& directory, const std::string& name) {
   std::string key = name;
   for (unsigned long number = 1; directory.children.count(key) != 0; ++number) {
-    (key = std::to_string(number)).append(clashMark).append(name);
+    (key = std::to_string(number)).append(clashMark);
+    key += shortened(name, longestFileName - key.size());
   }
   return key;
 }

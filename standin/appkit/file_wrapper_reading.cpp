@@ -62,14 +62,14 @@ FileOutcome describe(FileWrapper& wrapper, const std::string& path, const FileSt
   return {};
 }
 
-FileOutcome readWhole(FileWrapper& wrapper, bool mayMap) {
-  if (wrapper.kind == FileKind::regular && !wrapper.contents.load(mayMap)) {
+FileOutcome readWhole(FileWrapper& wrapper, bool mayKeepOpen) {
+  if (wrapper.kind == FileKind::regular && !wrapper.contents.load(mayKeepOpen)) {
     return failed(errno, wrapper.contents.origin()->path);
   }
   if (wrapper.kind != FileKind::directory) return {};
   if (FileOutcome outcome = listChildren(wrapper); !outcome) return outcome;
   for (const auto& [key, child] : wrapper.children) {
-    if (FileOutcome outcome = readWhole(wrapperState(child), mayMap); !outcome) return outcome;
+    if (FileOutcome outcome = readWhole(wrapperState(child), mayKeepOpen); !outcome) return outcome;
   }
   return {};
 }

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <filesystem>
 
@@ -43,12 +44,14 @@ class Removal {
   std::string path_;
 };
 
-// Everything in the tree is listed before anything is written, which may be into the very tree.
-FileOutcome listTree(FileWrapper& wrapper) {
+// Everything in the tree is listed before anything is written, which may be into the very tree. `longest` is what is left of
+// the longest path that the system takes, and so bounds how deep a tree can be.
+FileOutcome listTree(FileWrapper& wrapper, const std::string& root, size_t longest) {
   if (wrapper.kind != FileKind::directory) return {};
   if (FileOutcome outcome = listChildren(wrapper); !outcome) return outcome;
   for (const auto& [key, child] : wrapper.children) {
-    if (FileOutcome outcome = listTree(wrapperState(child)); !outcome) return outcome;
+    if (key.size() >= longest) return {ENAMETOOLONG, root, foundation::FileAccess::writing};
+    if (FileOutcome outcome = listTree(wrapperState(child), root, longest - key.size() - 1); !outcome) return outcome;
   }
   return {};
 }
@@ -63,9 +66,12 @@ class TreeWriter {
     if (wrapper.kind != FileKind::regular && !applyAttributes(wrapper.attributes, wrapper.kind, path.c_str())) {
       return failedWriting(path);
     }
-    written_.push_back({&wrapper, place});
+    note(wrapper, place);
     return {};
   }
+
+  // The wrapper was written at the place.
+  void note(FileWrapper& wrapper, const std::string& place) { written_.push_back({&wrapper, place}); }
 
   // Once the root is where it belongs. Contents that are still to be read from a file which may have gone with what was
   // there before are now read from the new one.
@@ -153,7 +159,9 @@ bool exchange(const std::string& finished, const std::string& target) {
   if (::renameat2(AT_FDCWD, finished.c_str(), AT_FDCWD, target.c_str(), RENAME_EXCHANGE) == 0) return true;
   if (errno == ENOENT) return ::rename(finished.c_str(), target.c_str()) == 0;
   if (errno != EINVAL && errno != ENOSYS) return false;
-  // The file system cannot exchange: two steps, and back when the second one fails.
+  // The file system cannot exchange. A file still takes another's place in one step; anything else takes two, and back when
+  // the second one fails.
+  if (::rename(finished.c_str(), target.c_str()) == 0) return true;
   const std::string old = finished + ".old";
   if (::rename(target.c_str(), old.c_str()) != 0) return false;
   if (::rename(finished.c_str(), target.c_str()) == 0) return true;
@@ -176,23 +184,50 @@ FileOutcome writeInOnePiece(TreeWriter& writer, FileWrapper& wrapper, const std:
   return exchange(finished, path) ? FileOutcome() : failedWriting(path);
 }
 
-// The bytes are in memory before the file is cut, which may be the one they come from; and a file with other names is
-// replaced, so that those keep what they had.
-FileOutcome overwrite(FileWrapper& wrapper, const std::string& path) {
+using Bytes = std::span<const uint8_t>;
+
+bool writeInto(const FileWrapper& wrapper, Bytes contents, const std::string& path) {
+  return foundation::writeFile(path.c_str(), contents, false) &&
+         applyAttributes(wrapper.attributes, FileKind::regular, path.c_str());
+}
+
+// A finished file takes the place of the one that was there, so that until then that one is whole, and so that other names
+// of it keep what they had. False with `errno` set.
+bool replaceFile(const FileWrapper& wrapper, Bytes contents, const std::string& path, mode_t permissions) {
+  const std::optional<std::string> work = makeWorkFolder(path);
+  if (!work) return false;
+  const Removal removal(*work);
+  const std::string finished = *work + "/new";
+  const OpenFile made(::open(finished.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+  return made && ::fchmod(made.descriptor(), permissions) == 0 && writeInto(wrapper, contents, finished) &&
+         ::rename(finished.c_str(), path.c_str()) == 0;
+}
+
+// In folders that may not be written, and where the file itself may not be moved, it is overwritten as it stands. So is what
+// is no file.
+bool overwriteFile(const FileWrapper& wrapper, Bytes contents, const std::string& path) {
+  struct stat old {};
+  if (::stat(path.c_str(), &old) != 0 || !S_ISREG(old.st_mode)) return writeInto(wrapper, contents, path);
+  if (!OpenFile(::open(path.c_str(), O_WRONLY | O_CLOEXEC))) return false;
+  std::error_code failure;
+  const std::string target = std::filesystem::canonical(path, failure).string();
+  if (!failure && replaceFile(wrapper, contents, target, old.st_mode & 01777)) return true;
+  const bool mayNotReplace = failure || errno == EACCES || errno == EPERM || errno == EBUSY;
+  return mayNotReplace && writeInto(wrapper, contents, path);
+}
+
+// The bytes are in memory before the file goes, which may be the one they come from.
+FileOutcome overwrite(TreeWriter& writer, FileWrapper& wrapper, const std::string& path) {
   NSData* contents = wrapper.contents.data();
   if (contents == nullptr) return failedReading(wrapper.contents.origin()->path);
-  struct stat status {};
-  const bool hasOtherNames = ::stat(path.c_str(), &status) == 0 && status.st_nlink > 1 && !S_ISDIR(status.st_mode);
-  if (!foundation::writeFile(path.c_str(), foundation::bytesOf(contents), hasOtherNames) ||
-      !applyAttributes(wrapper.attributes, FileKind::regular, path.c_str())) {
-    return failedWriting(path);
-  }
+  if (!overwriteFile(wrapper, foundation::bytesOf(contents), path)) return failedWriting(path);
+  writer.note(wrapper, "");
   return {};
 }
 
 FileOutcome writeInPlace(TreeWriter& writer, FileWrapper& wrapper, const std::string& path) {
   const bool exists = fileStatus(AT_FDCWD, path.c_str()).has_value() || errno == EINVAL;
-  if (exists && wrapper.kind == FileKind::regular) return overwrite(wrapper, path);
+  if (exists && wrapper.kind == FileKind::regular) return overwrite(writer, wrapper, path);
   if (exists) return {EEXIST, path, foundation::FileAccess::writing};
   Removal removal(path);
   FileOutcome outcome = writer.write(wrapper, path, "");
@@ -204,14 +239,13 @@ FileOutcome writeInPlace(TreeWriter& writer, FileWrapper& wrapper, const std::st
 }  // namespace
 
 bool isFileName(const std::string& name) {
-  constexpr size_t longestName = 255;
-  return !name.empty() && name != "." && name != ".." && name.size() <= longestName &&
+  return !name.empty() && name != "." && name != ".." && name.size() <= longestFileName &&
          name.find_first_of(std::string_view("/\0", 2)) == name.npos;
 }
 
 FileOutcome writeFile(FileWrapper& wrapper, const std::string& given, NSUInteger options, const std::string& originals) {
   const std::string path = foundation::existingPath(given);
-  if (FileOutcome outcome = listTree(wrapper); !outcome) return outcome;
+  if (FileOutcome outcome = listTree(wrapper, path, PATH_MAX); !outcome) return outcome;
   TreeWriter writer(originals.empty() ? originals : foundation::existingPath(originals));
   const bool inOnePiece = (options & writeAtomically) != 0;
   FileOutcome outcome = inOnePiece ? writeInOnePiece(writer, wrapper, path) : writeInPlace(writer, wrapper, path);

@@ -41,10 +41,9 @@ struct RealRow {
   double Style::*member;
 };
 const RealRow realRows[] = {
-    {&NSBaselineOffsetAttributeName, &Style::baselineOffset},
-    {&NSKernAttributeName, &Style::kern},
-    {&NSExpansionAttributeName, &Style::expansion},
-    {&NSStrokeWidthAttributeName, &Style::strokeWidth},
+    {&NSBaselineOffsetAttributeName, &Style::baselineOffset}, {&NSKernAttributeName, &Style::kern},
+    {&NSExpansionAttributeName, &Style::expansion},           {&NSStrokeWidthAttributeName, &Style::strokeWidth},
+    {&NSObliquenessAttributeName, &Style::obliqueness},
 };
 
 // The value of the key when it is of the class.
@@ -83,6 +82,9 @@ Style styleOf(NSDictionary* attributes) {
     style.*row.member = static_cast<int>(foundation::integerOf(foundation::find(attributes, *row.key)));
   }
   for (const RealRow& row : realRows) style.*row.member = foundation::doubleOf(foundation::find(attributes, *row.key));
+  if (auto* ligature = typed<NSNumber>(attributes, NSLigatureAttributeName)) {
+    style.ligature = static_cast<int>(foundation::integerOf(ligature));
+  }
   style.link = linkOf(attributes);
   if (auto* shadow = typed<NSShadow>(attributes, NSShadowAttributeName)) style.shadow = shadowOf(shadow);
   if (auto* attachment = typed<NSTextAttachment>(attributes, NSAttachmentAttributeName)) {
@@ -105,6 +107,7 @@ Owned<NSDictionary> attributesOf(const Style& style) {
   for (const RealRow& row : realRows) {
     if (const double number = style.*row.member; number != 0) set(*row.key, foundation::newNumber(number));
   }
+  if (style.ligature) set(NSLigatureAttributeName, foundation::newNumber(*style.ligature));
   if (!style.link.empty()) set(NSLinkAttributeName, linkObject(style.link));
   if (style.shadow) set(NSShadowAttributeName, newShadow(*style.shadow));
   if (style.attachment != nullptr) {

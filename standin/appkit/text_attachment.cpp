@@ -2,6 +2,7 @@
 #include "standin/appkit/text_attachment.hpp"
 
 #include <algorithm>
+#include <functional>
 
 #include "standin/appkit/attributed_string.hpp"
 #include "standin/appkit/cell.hpp"
@@ -22,10 +23,18 @@ NSTextAttachment* initWithFileWrapper(NSTextAttachment* self, NSFileWrapper* fil
 
 NSFileWrapper* fileWrapper(TextAttachment& self) { return self.file; }
 
+// A cell that is kept elsewhere may outlive its attachment.
+void leaveCell(TextAttachment& self) {
+  if (self.cell && isCell(self.cell) && stateOf<Cell>(self.cell).attachment == platformObject<NSTextAttachment>(self)) {
+    stateOf<Cell>(self.cell).attachment = nullptr;
+  }
+}
+
 // The cell of the old file would show the wrong picture.
 void setFileWrapper(TextAttachment& self, NSFileWrapper* file) {
   if (self.file.get() == file) return;
   self.file = retain(file);
+  leaveCell(self);
   self.cell = nullptr;
 }
 
@@ -43,17 +52,35 @@ NSCell* attachmentCell(NSTextAttachment* self) {
   return state.cell;
 }
 
-void leaveCell(TextAttachment& self) {
-  if (self.cell && isCell(self.cell) && stateOf<Cell>(self.cell).attachment == platformObject<NSTextAttachment>(self)) {
-    stateOf<Cell>(self.cell).attachment = nullptr;
-  }
-}
-
 void setAttachmentCell(NSTextAttachment* self, NSCell* cell) {
   TextAttachment& state = attachmentState(self);
   leaveCell(state);
   state.cell = retain(cell);
   if (isCell(cell)) stateOf<Cell>(cell).attachment = self;
+}
+
+// Whether two regular files have the same name and bytes.
+bool sameFile(NSFileWrapper* left, NSFileWrapper* right) {
+  const FileWrapper &first = wrapperState(left), &second = wrapperState(right);
+  if (first.kind != FileKind::regular || second.kind != FileKind::regular) return false;
+  if (packagedName(left) != packagedName(right)) return false;
+  return NSObject::isEqual(contentsOf(left), contentsOf(right)) != NO;
+}
+
+// So that a document that is read twice gives equal texts.
+BOOL isEqual(NSTextAttachment* self, NSObject* object) {
+  if (self == object) return YES;
+  if (!isTextAttachment(object)) return NO;
+  const TextAttachment &own = attachmentState(self), &other = attachmentState(static_cast<NSTextAttachment*>(object));
+  if (!own.file || !other.file || own.size.width != other.size.width || own.size.height != other.size.height) return NO;
+  return own.file == other.file || sameFile(own.file, other.file) ? YES : NO;
+}
+
+// Without the contents, which may be a large file that is not read yet.
+NSUInteger hash(TextAttachment& self) {
+  if (!self.file) return reinterpret_cast<NSUInteger>(&self) >> 4;
+  const std::hash<double> hashed;
+  return (hashed(self.size.width) * 31 + hashed(self.size.height)) * 31 + std::hash<std::string>()(packagedName(self.file));
 }
 
 NSRect bounds(TextAttachment& self) { return {{0, 0}, self.size}; }
@@ -65,6 +92,8 @@ const ClassDefinition attachmentClass = defineClass<TextAttachment>("NSTextAttac
                                             .method<setFileWrapper>("setFileWrapper:")
                                             .method<attachmentCell>("attachmentCell")
                                             .method<setAttachmentCell>("setAttachmentCell:")
+                                            .method<isEqual>("isEqual:")
+                                            .method<hash>("hash")
                                             .method<bounds>("bounds")
                                             .method<setBounds>("setBounds:");
 

@@ -159,11 +159,13 @@ std::optional<std::string_view> familyNamed(std::string_view name) {
 }
 
 Font fontMeant(std::string_view name, uint64_t traits, double size) {
-  if (const auto named = fontNamed(name, size)) traits |= named->traits & (bold | italic);
+  const auto named = fontNamed(name, size);
+  if (named) traits |= named->traits & (bold | italic);
+  const int weight = named ? named->weight : regular;
   const auto family = familyNamed(name);
   if (!family) return unlistedFace(name, traits, size);
   for (const uint64_t wanted : {traits, traits & bold, uint64_t{0}}) {
-    if (const auto face = fontInFamily(*family, wanted, regular, size)) return *face;
+    if (const auto face = fontInFamily(*family, wanted, weight, size)) return *face;
   }
   return unlistedFace(name, traits, size);
 }

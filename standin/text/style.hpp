@@ -74,9 +74,9 @@ struct Paragraph {
   double spacingBefore = 0, spacingAfter = 0;
   double lineSpacing = 0, minimumLineHeight = 0, maximumLineHeight = 0, lineHeightMultiple = 0;
   double defaultTabInterval = 0, hyphenationFactor = 0;
-  int lineBreakMode = 0;                     // the platform's numbers; 0 breaks between words
-  int headerLevel = 0;                       // 0: no heading
-  std::optional<std::vector<TabStop>> tabs;  // absent: the platform's row of left tabs
+  int lineBreakMode = 0;                       // the platform's numbers; 0 breaks between words
+  int headerLevel = 0;                         // 0: no heading
+  std::optional<std::vector<TabStop>> tabs{};  // absent: the platform's row of left tabs
 
   auto operator<=>(const Paragraph&) const = default;
 };
@@ -96,8 +96,9 @@ struct Style {
   int underline = 0;      // the platform's line style: 1 single, 2 thick, 9 double, pattern and by-word bits above
   int strikethrough = 0;  // the same
   int superscript = 0;    // levels up, or down when negative
-  double baselineOffset = 0, kern = 0, expansion = 0, strokeWidth = 0;
-  std::u16string link;  // the target as text
+  double baselineOffset = 0, kern = 0, expansion = 0, strokeWidth = 0, obliqueness = 0;
+  std::optional<int> ligature;  // 0 none, 1 the usual ones, 2 all
+  std::u16string link;          // the target as text
   std::optional<Shadow> shadow;
   std::shared_ptr<const Attachment> attachment;
   Paragraph paragraph;

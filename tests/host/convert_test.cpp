@@ -73,6 +73,39 @@ TEST_F(Documents, WhatADocumentSaysOfItselfIsKept) {
   EXPECT_EQ(printed_, expected);
 }
 
+// A picture of one pixel.
+constexpr std::string_view picture(
+    "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0\x01\0\0\0\x01\x08\x06\0\0\0\x1F\x15\xC4\x89\0\0\0\x0D"
+    "IDATx\x9C"
+    "c\xF8\xCF\xC0\xF0\x1F\0\x05\0\x01\xFF\x56\xC7\x2F\x0D\0\0\0\0IEND\xAE\x42\x60\x82",
+    70);
+
+TEST_F(Documents, AttachmentsAreListedAndKept) {
+  fs::create_directories(folder_ / "a.rtfd/parts/inner");
+  write("a.rtfd/dot.png", std::string(picture));
+  write("a.rtfd/plain", "12345");
+  write("a.rtfd/parts/one", "1");
+  write("a.rtfd/parts/inner/two", "22");
+  write("a.rtfd/TXT.rtf",
+        "{\\rtf1 see {{\\NeXTGraphic dot.png \\width20 \\height20}\xAC} {{\\NeXTGraphic plain \\width0 \\height0}\xAC} "
+        "{{\\NeXTGraphic parts \\width0 \\height0}\xAC}}");
+  const auto expectAttachments = [&](const std::string& document) {
+    ASSERT_EQ(run("inspect " + document), 0) << printed_;
+    for (const char* listed : {"  NSAttachment: name dot.png, type png, size 70\n", "  NSAttachment: name plain, size 5\n",
+                               "  NSAttachment: name parts, size 3\n"}) {
+      EXPECT_NE(printed_.find(listed), std::string::npos) << listed << printed_;
+    }
+  };
+  expectAttachments("a.rtfd");
+  ASSERT_EQ(run("convert a.rtfd -o b.rtfd"), 0) << printed_;
+  expectAttachments("b.rtfd");
+  EXPECT_EQ(read("b.rtfd/dot.png"), picture);
+  ASSERT_EQ(run("convert a.rtfd -o c.rtf"), 0) << printed_;
+  ASSERT_EQ(run("convert c.rtf -o d.rtfd"), 0) << printed_;
+  EXPECT_EQ(run("inspect d.rtfd"), 0);
+  EXPECT_NE(printed_.find("type png"), std::string::npos) << printed_;
+}
+
 TEST_F(Documents, OneBadDocumentIsReportedAndTheRestGoOn) {
   write("a.rtf", "{\\rtf1 a}");
   write("b.rtf", "no rtf");

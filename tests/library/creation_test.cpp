@@ -1,5 +1,10 @@
 // How attributed strings come to be: every init method and factory, their failures, what they register and release.
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
 #include "host/runtime/dictionary.hpp"
+#include "host/runtime/folder_item.hpp"
 #include "plugin/wrappers.hpp"
 #include "tests/library/member_calls.hpp"
 
@@ -76,37 +81,125 @@ TEST_F(Creation, NothingMakesNothing) {
   }
 }
 
+// A folder of small documents, gone at the end.
+class Documents {
+ public:
+  Documents() {
+    EXPECT_NE(mkdtemp(folder_.data()), nullptr);
+    std::ofstream(path("rich")) << richText;
+    std::ofstream(path("plain.txt")) << "plain text";
+  }
+  ~Documents() { std::filesystem::remove_all(folder_); }
+
+  static constexpr const char* richText = "{\\rtf1\\ansi rich {\\b text}}";
+  std::string path(const std::string& name) const { return folder_ + "/" + name; }
+
+ private:
+  std::string folder_ = std::filesystem::temp_directory_path().string() + "/creation_XXXXXX";
+};
+
+std::string pathOf(const std::string& name) {
+  static const Documents documents;
+  return documents.path(name);
+}
+Value itemOf(const std::string& name) { return Value::object(host::makeFolderItem(pathOf(name))); }
+
+Value packageOf(const char* plain) {
+  return calls::call(calls::text(plain), "RTFDFromRange(documentAttributes as dictionary = nil) as memoryblock", {Value()});
+}
+
 struct Source {
-  const char* init;
-  const char* factory;
+  std::string init;
+  std::string factory;
   std::function<Arguments()> arguments;
   std::string text;
   bool registered;
+  std::string type;  // of the document, "" where no attributes are asked for
+
+  bool asks() const { return !type.empty(); }
 };
 
-const std::vector<Source> sources = {
+const std::vector<Source> texts = {
     {"initWithString(text as string) as boolean", "attributedStringWithString(text as string) as NSAttributedStringZKT",
-     [] { return Arguments{Value::string("a\u00e9\U0001F600")}; }, "a\u00e9\U0001F600", true},
+     [] { return Arguments{Value::string("a\u00e9\U0001F600")}; }, "a\u00e9\U0001F600", true, ""},
     {"initWithString(text as string, withAttributes as Dictionary) as boolean",
      "attributedStringWithString(text as string, withAttributes as dictionary) as NSAttributedStringZKT",
      [] {
        return Arguments{Value::string("plain"), Value()};
      },
-     "plain", true},
+     "plain", true, ""},
     {"initWithAttributedString(text as NSAttributedStringZKT) as boolean",
      "attributedStringWithAttributedString(text as NSAttributedStringZKT) as NSAttributedStringZKT",
-     [] { return Arguments{calls::text("other")}; }, "other", true},
+     [] { return Arguments{calls::text("other")}; }, "other", true, ""},
     {"initWithHTMLOld(data as string) as boolean", "attributedStringWithHTMLOld(data as string) as NSAttributedStringZKT",
-     [] { return Arguments{Value::string("<b>bold</b>")}; }, "bold", false},
+     [] { return Arguments{Value::string("<b>bold</b>")}; }, "bold", false, ""},
 };
 
+// What is read as a document: the members' common name, their parameter, something to read, and something that cannot be.
+struct DocumentSource {
+  std::string name;
+  std::string parameter;
+  std::function<Value()> good;
+  std::string text;
+  std::string type;
+  std::function<Value()> bad;
+};
+
+const std::vector<DocumentSource> documentSources = {
+    {"RTF", "data as memoryblock", [] { return calls::bytes(Documents::richText); }, "rich text", "NSRTF",
+     [] { return calls::bytes("rich text"); }},
+    {"RTFD", "data as memoryblock", [] { return packageOf("packed"); }, "packed", "NSRTFD",
+     [] { return calls::bytes("rtfd"); }},
+    {"URL", "file as folderitem", [] { return itemOf("rich"); }, "rich text", "NSRTF", [] { return itemOf("missing"); }},
+    {"URL", "url as string", [] { return Value::string("file://" + pathOf("rich")); }, "rich text", "NSRTF",
+     [] { return Value::string("file://" + pathOf("missing")); }},
+    {"Path", "file as folderitem", [] { return itemOf("plain.txt"); }, "plain text", "NSPlainText",
+     [] { return itemOf("missing"); }},
+    {"Path", "path as string", [] { return Value::string(pathOf("rich")); }, "rich text", "NSRTF",
+     [] { return Value::string(pathOf("missing")); }},
+};
+
+// The members that read the document, without its attributes and with them; a variable that is asked about holds a
+// dictionary.
+std::vector<Source> membersOf(const DocumentSource& document, const std::function<Value()>& value) {
+  const std::string init = "initWith" + document.name + "(" + document.parameter;
+  const std::string factory = "attributedStringWith" + document.name + "(" + document.parameter;
+  const std::string boolean = ") as boolean", object = ") as NSAttributedStringZKT";
+  return {
+      {init + boolean, factory + object, [=] { return Arguments{value()}; }, document.text, true, ""},
+      {init + ", byref documentAttributes as dictionary" + boolean,
+       factory + ", byref DocumentAttributes as dictionary" + object,
+       [=] {
+         return Arguments{value(), Value::object(host::makeDictionary())};
+       },
+       document.text, true, document.type},
+  };
+}
+
+std::vector<Source> sources() {
+  std::vector<Source> all = texts;
+  for (const DocumentSource& document : documentSources) {
+    for (const Source& source : membersOf(document, document.good)) all.push_back(source);
+  }
+  return all;
+}
+
+void expectDocumentAttributes(const Source& source, const Arguments& arguments) {
+  if (!source.asks()) return;
+  ASSERT_FALSE(arguments.back().isNil());
+  const Value key = calls::callShared(className, "NSDocumentTypeDocumentAttribute as string");
+  EXPECT_EQ(calls::utf8(host::dictionaryValue(arguments.back().asObject(), key)), source.type);
+}
+
 TEST_F(Creation, InitFillsAndRegisters) {
-  for (const Source& source : sources) {
+  for (const Source& source : sources()) {
     SCOPED_TRACE(source.init);
     for (const char* objectClass : {className, mutableClassName}) {
       const Value object = calls::text("old", objectClass);
-      EXPECT_TRUE(calls::call(object, source.init, source.arguments()).asBoolean());
+      Arguments arguments = source.arguments();
+      EXPECT_TRUE(calls::call(object, source.init.c_str(), arguments).asBoolean());
       EXPECT_EQ(calls::textOf(object), source.text);
+      expectDocumentAttributes(source, arguments);
       NSObject* const made = calls::handleOf(object);
       EXPECT_EQ(NSObject::retainCount(made), 1U);
       EXPECT_EQ(NSObject::isKindOfClass(made, classOf<NSMutableAttributedString>()) != NO, objectClass == mutableClassName);
@@ -117,13 +210,33 @@ TEST_F(Creation, InitFillsAndRegisters) {
 }
 
 TEST_F(Creation, FactoriesMakeAnUnregisteredObjectEachTime) {
-  for (const Source& source : sources) {
+  for (const Source& source : sources()) {
     SCOPED_TRACE(source.factory);
-    const Value object = calls::callShared(className, source.factory, source.arguments());
+    Arguments arguments = source.arguments();
+    const Value object = calls::callShared(className, source.factory, arguments);
     EXPECT_EQ(calls::classNameOf(object), className);
     EXPECT_EQ(calls::textOf(object), source.text);
+    expectDocumentAttributes(source, arguments);
     EXPECT_EQ(plugin::registeredInstance(calls::handleOf(object)), nullptr);
     EXPECT_EQ(NSObject::isKindOfClass(calls::handleOf(object), classOf<NSMutableAttributedString>()), NO);
+  }
+}
+
+TEST_F(Creation, DocumentsThatCannotBeReadEmptyTheObjectAndTheVariable) {
+  for (const DocumentSource& document : documentSources) {
+    for (const Source& source : membersOf(document, document.bad)) {
+      SCOPED_TRACE(source.init);
+      for (const char* objectClass : {className, mutableClassName}) {
+        const Value object = calls::text("old", objectClass);
+        Arguments arguments = source.arguments();
+        EXPECT_FALSE(calls::call(object, source.init.c_str(), arguments).asBoolean());
+        EXPECT_EQ(calls::handleOf(object), nullptr);
+        EXPECT_TRUE(!source.asks() || arguments.back().isNil());
+      }
+      Arguments arguments = source.arguments();
+      EXPECT_TRUE(calls::callShared(className, source.factory, arguments).isNil());
+      EXPECT_TRUE(!source.asks() || arguments.back().isNil());
+    }
   }
 }
 

@@ -184,4 +184,45 @@ TEST_F(FileWrappers, AttachmentsKeepTheirIdentity) {
   EXPECT_TRUE(calls::get(attachment, "fileWrapper").isNil());
 }
 
+// An attachment of an image has a cell that shows it, and no file; a second "Constructor" makes another attachment of it.
+TEST_F(FileWrappers, AttachmentsAreMadeOfImagesAndMadeAgain) {
+  const Value file = fileWith("x"), image = calls::get(file, "icon");
+  EXPECT_EQ(calls::get(calls::get(image, "size"), "width").asDouble(), 32);
+  const Value attachment = calls::make("NSTextAttachmentZKT");
+  calls::call(attachment, "Constructor(image as NSImageZKT)", {image});
+  const Value cell = calls::get(attachment, "attachmentCell");
+  EXPECT_EQ(calls::get(cell, "image").asObject(), image.asObject());
+  EXPECT_EQ(calls::handleOf(calls::get(attachment, "attachmentCell")), calls::handleOf(cell));
+  EXPECT_TRUE(calls::get(attachment, "fileWrapper").isNil());
+  NSObject* first = calls::handleOf(attachment);
+  calls::call(attachment, "Constructor(fileWrapper as NSFileWrapperZKT)", {file});
+  EXPECT_NE(calls::handleOf(attachment), first);
+  EXPECT_EQ(calls::get(attachment, "fileWrapper").asObject(), file.asObject());
+  EXPECT_NE(calls::handleOf(calls::get(attachment, "attachmentCell")), calls::handleOf(cell));
+  calls::call(attachment, "Constructor(image as NSImageZKT)", {image});
+  EXPECT_TRUE(calls::get(attachment, "fileWrapper").isNil());
+}
+
+// The range is handed on as it is: one outside the text raises, and the error variable is cleared.
+TEST_F(FileWrappers, PackagesOfRanges) {
+  constexpr char declaration[] =
+      "fileWrapperFromRange(offset as integer, length as integer, documentAttributes as dictionary = nil, byref Error as "
+      "NSErrorZKT) as NSFileWrapperZKT";
+  const Value attributes = Value::object(host::makeDictionary());
+  host::setDictionaryValue(attributes.asObject(), Value::string("DocumentType"), Value::string("NSRTFD"));
+  const Value string = calls::text("abcdef");
+  for (const auto& [offset, length] : {std::pair(0, 7), {7, 0}, {-1, 2}, {3, -1}}) {
+    Arguments arguments = {Value::integer(offset), Value::integer(length), attributes, calls::make("NSErrorZKT")};
+    EXPECT_NE(calls::raisedBy([&] { calls::call(string, declaration, arguments); }).find("out of bounds; string length 6"),
+              std::string::npos)
+        << offset << "+" << length;
+    EXPECT_TRUE(arguments[3].isNil());
+  }
+  Arguments arguments = {Value::integer(1), Value::integer(2), attributes, Value()};
+  const Value package = calls::call(string, declaration, arguments);
+  const Value text = childOf(package, "TXT.rtf");
+  EXPECT_EQ(childOf(package, "TXT.rtf").asObject(), text.asObject());
+  EXPECT_NE(contentOf(text).find("bc}"), std::string::npos) << contentOf(text);
+}
+
 }  // namespace

@@ -187,6 +187,24 @@ TEST_F(Queries, ExportedRanges) {
     EXPECT_NE(rtf.find(row.exported), std::string::npos);
     EXPECT_EQ(rtf.find('j') != std::string::npos, std::string_view(row.exported).ends_with("j"));
   }
+  // The others that take such a range refuse the same ones; the binary format is never written, and raises nothing.
+  for (const char* member :
+       {"RTFDFromRange(offset as integer, length as integer, documentAttributes as dictionary = nil) as memoryblock",
+        "docFormatFromRange(offset as integer, length as integer, documentAttributes as dictionary = nil) as memoryblock",
+        "RTFDFileWrapperFromRange(offset as integer, length as integer, documentAttributes as dictionary = nil) as "
+        "NSFileWrapperZKT",
+        "dataFromRange(offset as integer, length as integer, documentAttributes as dictionary = nil, byref error as "
+        "NSErrorZKT) as memoryblock"}) {
+    for (const auto& row : rows) {
+      const Value attributes = Value::object(host::makeDictionary());
+      host::setDictionaryValue(attributes.asObject(), Value::string("DocumentType"), Value::string("NSRTF"));
+      Arguments arguments{Value::integer(row.offset), Value::integer(row.length), attributes};
+      if (std::string_view(member).starts_with("dataFromRange")) arguments.push_back(Value());
+      const bool isWritten = row.exported != nullptr && !std::string_view(member).starts_with("docFormat");
+      EXPECT_EQ(calls::call(object, member, arguments).isNil(), !isWritten)
+          << member << ": " << row.offset << "+" << row.length;
+    }
+  }
 }
 
 TEST_F(Queries, WholeTextsAreExported) {
@@ -198,6 +216,22 @@ TEST_F(Queries, WholeTextsAreExported) {
         << member;
     EXPECT_TRUE(contentsOf(calls::call(calls::text(""), member, Arguments(arguments))).starts_with("{\\rtf1")) << member;
     EXPECT_EQ(contentsOf(calls::call(calls::make("NSAttributedStringZKT"), member, Arguments(arguments))), "nil") << member;
+  }
+}
+
+// An object without a text is not asked for more: the document attributes are left alone.
+TEST_F(Queries, EmptyObjectsExportNothing) {
+  const Value attributes = Value::object(host::makeDictionary());
+  host::setDictionaryValue(attributes.asObject(), Value::string("DocumentType"), Value::string("NSRTF"));
+  const host::Faults& faults = host::Runtime::shared().faults();
+  for (const char* member : {"RTFFromRange(documentAttributes as dictionary = nil) as memoryblock",
+                             "RTFDFromRange(documentAttributes as dictionary = nil) as memoryblock",
+                             "docFormatFromRange(documentAttributes as dictionary = nil) as memoryblock"}) {
+    const auto before = faults.calls("REALLoadObjectMethod");
+    EXPECT_TRUE(calls::call(calls::make("NSAttributedStringZKT"), member, {attributes}).isNil()) << member;
+    EXPECT_EQ(faults.calls("REALLoadObjectMethod"), before) << member;
+    calls::call(calls::text("x"), member, {attributes});
+    EXPECT_GT(faults.calls("REALLoadObjectMethod"), before) << member;
   }
 }
 

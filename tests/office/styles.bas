@@ -14,6 +14,13 @@ Append("red", 12, "Helvetica", "NSColor", NSColorZKT.colorWithDeviceRGB(1, 0, 0,
 Append(" and ", 12)
 Append("linked", 12, "Helvetica", "NSLink", "http://example.org/page?a=1&b=2")
 Append(" end" + Chr(10), 12)
+Append("heavy slanted", 12, "Helvetica-BoldOblique")
+Append(" and ", 12)
+Append("marked", 12, "Helvetica", "NSBackgroundColor", NSColorZKT.colorWithDeviceRGB(1, 1, 0, 1))
+Append(" and ", 12)
+Append("typed" + Chr(10), 12, "Courier")
+Append("in the middle" + Chr(10), 12, "Helvetica", "NSParagraphStyle", Aligned(NSParagraphStyleZKT.NSCenterTextAlignment))
+Append("to the right" + Chr(10), 12, "Helvetica", "NSParagraphStyle", Aligned(NSParagraphStyleZKT.NSRightTextAlignment))
 Append("last line", 24)
 
 GetFolderItem("styles.rtf").WriteBytes(document.rtf)
@@ -27,3 +34,9 @@ Sub Append(text As String, size As Double, face As String = "Helvetica", key As 
   If Not piece.initWithString(text, attributes) Then Raise New RuntimeException("no piece")
   document.appendAttributedString(piece)
 End Sub
+
+Function Aligned(alignment As Integer) As NSMutableParagraphStyleZKT
+  Dim style As New NSMutableParagraphStyleZKT
+  style.alignment = alignment
+  Return style
+End Function

@@ -108,6 +108,10 @@ TEST(Attachments, CellsShowTheFile) {
     EXPECT_EQ(send(kept, "attachment"), brief.get());
   }
   EXPECT_EQ(send(kept, "attachment"), nullptr);
+  // So does one whose attachment got another file.
+  NSTextAttachment::setAttachmentCell(attachment, kept);
+  NSTextAttachment::setFileWrapper(attachment, other);
+  EXPECT_EQ(send(kept, "attachment"), nullptr);
 }
 
 NSMutableAttributedString* illustrated(NSTextAttachment* first) {
@@ -218,7 +222,7 @@ TEST(Attachments, PicturesInRTF) {
     EXPECT_EQ(fileAt(read, 10), png(2, 2, 7));
     EXPECT_EQ(utf8(NSFileWrapper::preferredFilename(NSTextAttachment::fileWrapper(attachmentAt(read, 4)))),
               "Attachment.png");
-    EXPECT_EQ(send<NSRect>(attachmentAt(read, 4), "bounds").size.height, 6);
+    EXPECT_EQ(send<NSRect>(attachmentAt(read, 4), "bounds").size.height, 0);  // the picture's own, as it was
   }
   const auto hex = [](const std::string& content) {
     std::string digits;
@@ -246,6 +250,25 @@ TEST(Attachments, PicturesInRTF) {
     if (expected == u"a\uFFFCb") {
       EXPECT_EQ(fileAt(read, 1), picture);
     }
+  }
+}
+
+// Attachments are equal by what they hold, wherever the text with them came from.
+TEST(Attachments, DocumentsReadTwiceAreEqual) {
+  AutoreleasePool pool;
+  const auto picture = [](const std::string& contents, const std::string& size) {
+    std::string document = "{\\rtf1 a{\\pict\\pngblip" + size + "\\bin" + std::to_string(contents.size()) + " ";
+    return openedRTF(bytes(document + contents + "}b}"));
+  };
+  const auto equal = [](NSAttributedString* left, NSAttributedString* right) {
+    return NSObject::isEqual(left, right) && NSObject::hash(attachmentAt(left, 1)) == NSObject::hash(attachmentAt(right, 1));
+  };
+  for (const char* size : {"", "\\picwgoal100\\pichgoal300"}) {
+    NSAttributedString* read = picture(png(5, 6), size);
+    EXPECT_TRUE(equal(read, picture(png(5, 6), size))) << size;
+    EXPECT_TRUE(equal(read, openedRTF(rtf(read)))) << size;
+    EXPECT_FALSE(NSObject::isEqual(read, picture(png(5, 7), size))) << size;
+    EXPECT_FALSE(NSObject::isEqual(read, picture(png(5, 6), "\\picwgoal20"))) << size;
   }
 }
 

@@ -76,7 +76,7 @@ class WholeFiles : public testing::Test {
 TEST_F(WholeFiles, AreReadAndWrittenWhole) {
   const AutoreleasePool pool;
   for (const BOOL atomically : {NO, YES}) {
-    for (const size_t size : {0, 1, 65536, 300000}) {
+    for (const size_t size : {0U, 1U, 65536U, 300000U}) {
       const Owned<NSData> data = newData(std::string(size, 'x'));
       EXPECT_TRUE(writeToFile(data, pathText("file"), atomically));
       EXPECT_TRUE(NSObject::isEqual(withContentsOfFile(classOf<NSData>(), pathText("file")), data)) << size;

@@ -4,10 +4,30 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/syscall.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <atomic>
+#include <cerrno>
+#include <thread>
+
 #include "tests/standin/file_wrapper_support.hpp"
+
+// A file system that cannot exchange files, and where files went.
+static bool exchangesFail = false;
+static std::vector<std::string> movedFiles;
+
+// Stand in front of the system's own.
+extern "C" int renameat2(int oldFolder, const char* oldPath, int newFolder, const char* newPath, unsigned flags) {
+  if (!exchangesFail) return static_cast<int>(syscall(SYS_renameat2, oldFolder, oldPath, newFolder, newPath, flags));
+  errno = EINVAL;
+  return -1;
+}
+extern "C" int rename(const char* from, const char* to) {
+  movedFiles.emplace_back(from);
+  return static_cast<int>(syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
 
 namespace {
 
@@ -190,6 +210,7 @@ void expectNothingLost(const std::string& folder, NSFileWrapper* tree, const cha
   for (const auto& [wrapper, path, options] : {std::tuple(tree, "/tree", NSUInteger{1}),
                                                {tree, "/new", 0},
                                                {tree, "/new", 1},
+                                               {child(tree, "large"), "/file", 0},
                                                {child(tree, "large"), "/file", 1}}) {
     EXPECT_FALSE(write(wrapper, folder + path, options, &error)) << path;
     EXPECT_EQ(codeOf(error), code) << path;
@@ -218,6 +239,73 @@ TEST(FileWrapperFaults, NoSpace) {
   if (mount("tmpfs", volume.path().c_str(), "tmpfs", 0, "size=1m") != 0) GTEST_SKIP() << "no right to mount a small volume";
   expectNothingLost(volume.path(), tree, "NSCocoaErrorDomain 640");
   umount(volume.path().c_str());
+}
+
+// Where files cannot be exchanged a file is never missing, and everything else is replaced all the same.
+TEST(FileWrapperFaults, FileSystemsThatCannotExchange) {
+  const TemporaryFolder scratch;
+  AutoreleasePool pool;
+  NSFileWrapper* tree = directory();
+  add(tree, "in", "side");
+  const std::string target = scratch.file("target", "old");
+  exchangesFail = true;
+  const std::tuple<NSFileWrapper*, const char*, bool> rows[] = {
+      {fileWith("new"), "file over file", false},   {linkTo("/"), "link over file", false},
+      {fileWith("again"), "file over link", false}, {tree, "folder over file", true},
+      {tree, "folder over folder", true},           {fileWith("last"), "file over folder", true}};
+  for (const auto& [wrapper, what, mayBeMissing] : rows) {
+    movedFiles.clear();
+    EXPECT_TRUE(write(wrapper, target, atomic)) << what;
+    EXPECT_EQ(std::find(movedFiles.begin(), movedFiles.end(), target) != movedFiles.end(), mayBeMissing) << what;
+    EXPECT_EQ(std::distance(fs::directory_iterator(scratch.path()), {}), 1) << what;
+  }
+  exchangesFail = false;
+  EXPECT_EQ(readFile(target.c_str()), "last");
+}
+
+// A file that is cut while it is read gives all of its contents or none.
+TEST(FileWrapperFaults, FilesShrinkWhileTheyAreRead) {
+  const TemporaryFolder scratch;
+  AutoreleasePool pool;
+  const std::string path = scratch.file("large");
+  constexpr size_t size = 32 << 20;
+  for (int times = 0; times < 10; ++times) {
+    AutoreleasePool inner;
+    fs::resize_file(path, size);
+    NSFileWrapper* file = read(path, immediate);
+    std::atomic<bool> isReading = false;
+    std::thread cutting([&] {
+      while (!isReading) std::this_thread::yield();
+      std::this_thread::sleep_for(std::chrono::milliseconds(times));
+      fs::resize_file(path, 0);
+    });
+    isReading = true;
+    NSData* contents = NSFileWrapper::regularFileContents(file);
+    cutting.join();
+    EXPECT_TRUE(contents == nullptr || bytesOf(contents).size() == size);
+    if (contents == nullptr) {
+      EXPECT_EQ(NSFileWrapper::regularFileContents(file), nullptr);
+    }
+  }
+}
+
+TEST(FileWrapperFaults, ErrorsSayWhatBefellTheFile) {
+  const struct {
+    int systemError;
+    NSInteger reading, writing;
+    const char* text;
+  } rows[] = {{EISDIR, 256, 512, "is a folder"},
+              {ENOTEMPTY, 256, 512, "is a folder that is not empty"},
+              {EMFILE, 256, 512, "cannot be opened while so many other files are open"},
+              {EFBIG, 263, 512, "is too large"},
+              {EDQUOT, 256, 640, "does not fit on the volume"}};
+  AutoreleasePool pool;
+  for (const auto& row : rows) {
+    const auto reading = newFileError(FileAccess::reading, row.systemError, "/a/b");
+    EXPECT_EQ(NSError::code(reading), row.reading) << row.text;
+    EXPECT_EQ(NSError::code(newFileError(FileAccess::writing, row.systemError, "/a/b")), row.writing) << row.text;
+    EXPECT_EQ(utf8(NSError::localizedDescription(reading)), "\"b\" " + std::string(row.text) + ".");
+  }
 }
 
 TEST(FileWrapperFaults, EveryAlteredArchiveIsRefused) {

@@ -31,6 +31,32 @@ TEST(FileWrapper, ChildrenHaveUniqueNames) {
   EXPECT_EQ(NSDictionary::count(NSFileWrapper::fileWrappers(folder)), 4U);
 }
 
+// Names as long as names can be stay names that files can have, and different ones.
+TEST(FileWrapper, ClashesOfTheLongestNames) {
+  const std::string accents = [] {
+    std::string text;
+    while (text.size() < 250) text += "\xC3\xA9";
+    return text;
+  }();
+  for (const auto& [name, ending] : {std::pair(std::string(255, 'n'), std::string("nnn")),
+                                     {std::string(251, 'n') + ".png", "n.png"},
+                                     {accents + "x.png", ".png"},
+                                     {"." + std::string(254, 'h'), "h"}}) {
+    const TemporaryFolder scratch;
+    AutoreleasePool pool;
+    NSFileWrapper* folder = directory();
+    for (const char* content : {"1", "2", "3"}) {
+      NSFileWrapper* file = fileWith(content);
+      NSFileWrapper::setPreferredFilename(file, ns(name));
+      const std::string key = utf8(NSFileWrapper::addFileWrapper(folder, file));
+      EXPECT_TRUE(key.ends_with(ending)) << key;
+      EXPECT_EQ(key.find("\xC3\x83"), key.npos) << "a letter was cut: " << key;
+    }
+    EXPECT_TRUE(write(folder, scratch / "f")) << name;
+    EXPECT_EQ(std::distance(fs::directory_iterator(scratch / "f"), {}), 3) << name;
+  }
+}
+
 // What a clash made of the names is undone by reading.
 TEST(FileWrapper, ClashingNamesComeBack) {
   const TemporaryFolder scratch;
@@ -113,9 +139,13 @@ TEST(FileWrapper, TreesComeBackAsTheyWere) {
 TEST(FileWrapper, ManyFiles) {
   const TemporaryFolder scratch;
   AutoreleasePool pool;
-  for (int index = 0; index < 1500; ++index) {
-    scratch.file("t/" + std::to_string(index % 40) + "/" + std::to_string(index),
-                 std::string(static_cast<size_t>(index), 'q'));
+  for (int index = 0; index < 10'000; ++index) {
+    const std::string name = "t/" + std::to_string(index % 40) + "/" + std::to_string(index);
+    if (index % 100 == 99) {
+      fs::create_symlink(std::to_string(index - 40), scratch / name);
+    } else {
+      scratch.file(name, std::string(static_cast<size_t>(index % 700), 'q'));
+    }
   }
   NSFileWrapper* tree = read(scratch / "t", immediate);
   ASSERT_TRUE(write(tree, scratch / "u", atomic));
@@ -147,6 +177,30 @@ TEST(FileWrapper, WritingOverWhatIsThere) {
   EXPECT_TRUE(write(folder, oldFile, atomic));
   EXPECT_TRUE(write(file, oldFolder, atomic));
   EXPECT_EQ(readFile(oldFolder.c_str()), "new");
+  EXPECT_EQ(std::distance(fs::directory_iterator(scratch.path()), {}), 2);
+}
+
+// A file that is overwritten keeps its place: its permissions, the link it is reached by, the right to refuse.
+TEST(FileWrapper, OverwrittenFiles) {
+  const TemporaryFolder scratch;
+  AutoreleasePool pool;
+  const std::string path = scratch.file("file", "old");
+  fs::permissions(path, fs::perms(0604));
+  fs::create_symlink("file", scratch / "link");
+  NSFileWrapper* file = fileWith("new");
+  for (const char* name : {"file", "link"}) {
+    ASSERT_TRUE(write(file, scratch / name, updatingNames));
+    EXPECT_EQ(utf8(NSFileWrapper::filename(file)), name);
+    EXPECT_EQ(readFile(path.c_str()), "new");
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms(0604));
+  }
+  EXPECT_TRUE(fs::is_symlink(scratch / "link"));
+  for (const NSUInteger options : {NSUInteger{updatingNames}, NSUInteger{0}}) {
+    fs::last_write_time(path, fs::file_time_type(std::chrono::hours(1)));
+    EXPECT_FALSE(NSFileWrapper::matchesContentsOfURL(file, url(path)));
+    ASSERT_TRUE(write(file, path, options));
+    EXPECT_TRUE(NSFileWrapper::matchesContentsOfURL(file, url(path)));
+  }
   EXPECT_EQ(std::distance(fs::directory_iterator(scratch.path()), {}), 2);
 }
 
@@ -262,6 +316,9 @@ TEST(FileWrapper, AttributesBothWays) {
     EXPECT_EQ(NSNumber::intValue(static_cast<NSNumber*>(attribute(again, "NSFileSize"))), 5);
     EXPECT_NE(attribute(again, "NSFileCreationDate"), nullptr);
   }
+  NSFileWrapper* thawed = pooled(NSFileWrapper::initWithSerializedRepresentation(
+      alloc<NSFileWrapper>(), NSFileWrapper::serializedRepresentation(read(scratch / "f0"))));
+  EXPECT_EQ(NSNumber::intValue(static_cast<NSNumber*>(attribute(thawed, "NSFileSize"))), 5);
   EXPECT_EQ(utf8(attribute(linkTo("/"), "NSFileType")), "NSFileTypeSymbolicLink");
   EXPECT_EQ(utf8(attribute(directory(), "NSFileType")), "NSFileTypeDirectory");
 }
@@ -288,8 +345,9 @@ TEST(FileWrapper, LinksAndIcons) {
   }
 }
 
-// Files whose folders are a hundred thousand deep in memory are let go without running out of stack.
+// Files whose folders are a hundred thousand deep in memory are refused, and let go, without running out of stack.
 TEST(FileWrapper, DeepTrees) {
+  const TemporaryFolder scratch;
   AutoreleasePool pool;
   NSFileWrapper* tree = directory();
   for (int depth = 0; depth < 100'000; ++depth) {
@@ -301,6 +359,12 @@ TEST(FileWrapper, DeepTrees) {
       EXPECT_EQ(NSFileWrapper::serializedRepresentation(tree), nullptr);
     }
   }
+  for (const NSUInteger options : {NSUInteger{0}, NSUInteger{atomic}}) {
+    NSError* error = nullptr;
+    EXPECT_FALSE(write(tree, scratch / "deep", options, &error));
+    EXPECT_EQ(codeOf(error), "NSCocoaErrorDomain 514");
+  }
+  EXPECT_TRUE(fs::is_empty(scratch.path()));
 }
 
 }  // namespace

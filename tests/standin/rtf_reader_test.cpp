@@ -5,6 +5,7 @@
 
 #include "standin/formats/rtf/reader.hpp"
 #include "standin/formats/rtf/writer.hpp"
+#include "standin/text/font_faces.hpp"
 
 namespace {
 
@@ -203,6 +204,121 @@ TEST(RtfReader, ReadsWhatTheWriterWrote) {
     if (position == 0 || all[position - 1] != u'\n') read.paragraph = style.paragraph;
     EXPECT_EQ(read, style) << "at " << position;
     position += static_cast<uint32_t>(units.size());
+  }
+}
+
+using Pieces = std::vector<std::pair<std::u16string, Style>>;
+
+std::string written(const Pieces& pieces, const standin::formats::DocumentInformation& information = {}) {
+  StyledRuns styled;
+  for (const auto& [units, style] : pieces) {
+    styled.text.append(standin::text::Text::utf16(units));
+    styled.runs.push_back({static_cast<uint32_t>(units.size()), &style});
+  }
+  return standin::formats::rtf::write(styled, information);
+}
+
+Style plainStyle() {
+  Style style;
+  style.font = standin::text::fontMeant("Helvetica", 0, 12);
+  return style;
+}
+
+standin::text::Color red(double alpha = 1) { return {standin::text::ColorSpace::deviceRGB, {1, 0, 0, 0}, alpha}; }
+
+TEST(RtfReader, EachAttributeComesBackAndEndsWhereItEnded) {
+  const struct {
+    const char* what;
+    void (*change)(Style&);
+  } rows[] = {
+      {"light face", [](Style& style) { style.font = standin::text::fontNamed("HelveticaNeue-Light", 12); }},
+      {"light italic face", [](Style& style) { style.font = standin::text::fontNamed("HelveticaNeue-LightItalic", 12); }},
+      {"medium face", [](Style& style) { style.font = standin::text::fontNamed("HelveticaNeue-Medium", 9); }},
+      {"bold face", [](Style& style) { style.font = standin::text::fontNamed("Helvetica-Bold", 12); }},
+      {"strikethrough colour", [](Style& style) { style.strikethrough = 1, style.strikethroughColor = red(); }},
+      {"stroke", [](Style& style) { style.strokeWidth = -3.5, style.strokeColor = red(); }},
+      {"shadow",
+       [](Style& style) {
+         style.shadow = standin::text::Shadow{3, -3.5, 2, red(0.2)};
+       }},
+      {"shadow without colour",
+       [](Style& style) {
+         style.shadow = standin::text::Shadow{1, 2, 3, std::nullopt};
+       }},
+      {"obliqueness", [](Style& style) { style.obliqueness = 0.16; }},
+      {"no ligatures", [](Style& style) { style.ligature = 0; }},
+      {"all ligatures", [](Style& style) { style.ligature = 2; }},
+      {"two levels up", [](Style& style) { style.superscript = 2; }},
+      {"three levels down", [](Style& style) { style.superscript = -3; }},
+      {"link to a server", [](Style& style) { style.link = u"\\\\server\\share"; }},
+      {"link that looks like a switch", [](Style& style) { style.link = u"\\l"; }},
+  };
+  for (const auto& row : rows) {
+    Pieces pieces = {{u"a", plainStyle()}, {u"b", plainStyle()}, {u"c", plainStyle()}};
+    row.change(pieces[1].second);
+    const auto document = parsed(written(pieces));
+    ASSERT_TRUE(document) << row.what;
+    EXPECT_EQ(document->text, u"abc") << row.what;
+    for (uint32_t at = 0; at < 3; ++at) EXPECT_EQ(styleAt(*document, at), pieces[at].second) << row.what << " at " << at;
+  }
+}
+
+TEST(RtfReader, EachParagraphSettingComesBackAndEndsWithItsParagraph) {
+  using standin::text::Paragraph;
+  const struct {
+    const char* what;
+    Paragraph paragraph;
+  } rows[] = {
+      {"line spacing", {.lineSpacing = 2.5}},
+      {"tail from the left", {.tailIndent = 100}},
+      {"tail from the right", {.tailIndent = -100}},
+      {"tab interval", {.defaultTabInterval = 30}},
+      {"hyphenation", {.hyphenationFactor = 0.5}},
+      {"header level", {.headerLevel = 3}},
+      {"least height", {.minimumLineHeight = 10}},
+      {"greatest height", {.maximumLineHeight = 20}},
+      {"exact height", {.minimumLineHeight = 20, .maximumLineHeight = 20}},
+      {"heights apart", {.minimumLineHeight = 10, .maximumLineHeight = 20}},
+      {"heights beside a multiple", {.minimumLineHeight = 10, .maximumLineHeight = 20, .lineHeightMultiple = 1.5}},
+      {"no tabs", {.tabs = std::vector<standin::text::TabStop>()}},
+  };
+  for (const auto& row : rows) {
+    Pieces pieces = {{u"a\n", plainStyle()}, {u"b", plainStyle()}};
+    pieces[0].second.paragraph = row.paragraph;
+    const auto document = parsed(written(pieces));
+    ASSERT_TRUE(document) << row.what;
+    EXPECT_EQ(styleAt(*document, 0).paragraph, row.paragraph) << row.what;
+    EXPECT_EQ(styleAt(*document, 2).paragraph, Paragraph()) << row.what;
+  }
+}
+
+TEST(RtfReader, UnitsThatEndParagraphsComeBackAsTheyWent) {
+  const std::u16string text = u"a\rb\u2029c\r\nd\u2028e\nf";
+  EXPECT_EQ(parsed(written({{text, plainStyle()}}))->text, text);
+}
+
+TEST(RtfReader, WhatWordsSayTogetherDoesNotDependOnTheirOrder) {
+  const auto document = parsed(
+      "{\\rtf1\\sl-240\\slmult1 a\\par\\pard\\sl-360\\slmult1\\fi142\\li166\\li207\\fi-3\\li331 b\\par"
+      "\\pard\\shad\\outlinelevel9 c}");
+  EXPECT_EQ(styleAt(*document, 0).paragraph, standin::text::Paragraph());
+  EXPECT_EQ(styleAt(*document, 2).paragraph.lineHeightMultiple, 1.5);
+  EXPECT_EQ(styleAt(*document, 2).paragraph.headIndent, 331 / 20.0);
+  EXPECT_EQ(styleAt(*document, 2).paragraph.firstLineIndent, 328 / 20.0);
+  EXPECT_EQ(styleAt(*document, 4).paragraph.headerLevel, 0);
+  EXPECT_TRUE(styleAt(*document, 4).shadow->color);
+}
+
+TEST(RtfReader, VersionAndBackgroundComeBack) {
+  standin::formats::DocumentInformation information;
+  information.rtfVersion = 2000;
+  information.background = standin::text::Color{standin::text::ColorSpace::deviceRGB, {1, 0.2, 0.6, 0}, 1};
+  const auto document = parsed(written({{u"text", plainStyle()}}, information));
+  EXPECT_EQ(document->text, u"text");
+  EXPECT_EQ(document->rtfVersion, 2000);
+  EXPECT_EQ(document->background, information.background);
+  for (const char* shape : {"", "{\\sn fillColor}", "{\\sn fillColor}{\\sv 99999999999999999999}", "{\\sn other}{\\sv 1}"}) {
+    EXPECT_EQ(parsed("{\\rtf1{\\*\\background{\\shp{\\*\\shpinst" + std::string(shape) + "}}}a}")->text, u"a") << shape;
   }
 }
 

@@ -68,7 +68,7 @@ TEST(Strings, InitialisersFillTheObjectOrGiveItBackForNil) {
 
 TEST(Strings, HashesFollowTheUnitsHoweverTheyAreStored) {
   const AutoreleasePool pool;
-  for (const size_t length : {0, 1, 31, 96, 97, 5000}) {
+  for (const size_t length : {0U, 1U, 31U, 96U, 97U, 5000U}) {
     const Owned<NSMutableString> wide = mutableText(std::u16string(length, u'x'));
     NSMutableString::appendString(wide, text(u"漢"));
     deleteRange(wide, {length, 1});

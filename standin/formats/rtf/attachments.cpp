@@ -42,15 +42,13 @@ void appendReference(std::string& out, const text::Attachment& attachment) {
 
 void appendPicture(std::string& out, const text::Attachment& attachment, const char* kind) {
   const auto size = pictures::sizeOf(attachment.contents);
-  const double width = attachment.width > 0 ? attachment.width : size ? size->width : 0;
-  const double height = attachment.height > 0 ? attachment.height : size ? size->height : 0;
   (out += "{\\pict") += kind;
   if (size) {
     appendNumber(out, "\\picw", size->width);
     appendNumber(out, "\\pich", size->height);
   }
-  if (width > 0) appendNumber(out, "\\picwgoal", width * 20);
-  if (height > 0) appendNumber(out, "\\pichgoal", height * 20);
+  if (attachment.width > 0) appendNumber(out, "\\picwgoal", attachment.width * 20);
+  if (attachment.height > 0) appendNumber(out, "\\pichgoal", attachment.height * 20);
   appendHexadecimal(out, attachment.contents);
   out += '}';
 }

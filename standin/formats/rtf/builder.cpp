@@ -1,6 +1,8 @@
 // From formats in RTF's units to styles in points.
 #include "standin/formats/rtf/builder.hpp"
 
+#include <algorithm>
+
 #include "standin/text/font_faces.hpp"
 
 namespace standin::formats::rtf {
@@ -38,12 +40,12 @@ void Builder::addLength(size_t units, const CharacterFormat& format) {
   paragraphRuns_.back().length += static_cast<uint32_t>(units);
 }
 
-void Builder::endParagraph(char16_t unit, const CharacterFormat& format, const text::Paragraph& paragraph) {
+void Builder::endParagraph(char16_t unit, const CharacterFormat& format, const ParagraphFormat& paragraph) {
   addUnit(unit, format);
   closeRuns(paragraph);
 }
 
-void Builder::closeRuns(const text::Paragraph& paragraph) {
+void Builder::closeRuns(const ParagraphFormat& paragraph) {
   const uint32_t index = paragraphs_.try_emplace(paragraph, static_cast<uint32_t>(paragraphs_.size())).first->second;
   for (const PendingRun& run : paragraphRuns_) {
     const uint32_t style = styleFor(run.format, paragraph, index);
@@ -56,7 +58,7 @@ void Builder::closeRuns(const text::Paragraph& paragraph) {
   paragraphRuns_.clear();
 }
 
-uint32_t Builder::styleFor(const CharacterFormat& format, const text::Paragraph& paragraph, uint32_t paragraphIndex) {
+uint32_t Builder::styleFor(const CharacterFormat& format, const ParagraphFormat& paragraph, uint32_t paragraphIndex) {
   const auto [entry, isNew] =
       styleIndices_.try_emplace({paragraphIndex, format}, static_cast<uint32_t>(document.styles.size()));
   if (isNew) document.styles.push_back(makeStyle(format, paragraph));
@@ -68,7 +70,15 @@ std::optional<text::Color> Builder::color(int index) const {
   return colors[static_cast<size_t>(index)];
 }
 
-text::Style Builder::makeStyle(const CharacterFormat& format, const text::Paragraph& paragraph) const {
+text::Shadow Builder::shadowOf(const ShadowFormat& format) const {
+  text::Shadow shadow{format.offsetX / 20.0, format.offsetY / 20.0, format.blurRadius / 20.0, std::nullopt};
+  if (format.color < 0) return shadow;
+  shadow.color = color(format.color).value_or(text::Color{text::ColorSpace::deviceRGB, {}, 1});
+  shadow.color->alpha = std::clamp(format.opacity, 0, 255) / 255.0;
+  return shadow;
+}
+
+text::Style Builder::makeStyle(const CharacterFormat& format, const ParagraphFormat& paragraph) const {
   text::Style style;
   const auto font = fonts.find(format.font);
   const uint64_t traits = (format.bold ? uint64_t{text::boldTrait} : 0) | (format.italic ? uint64_t{text::italicTrait} : 0);
@@ -76,19 +86,25 @@ text::Style Builder::makeStyle(const CharacterFormat& format, const text::Paragr
   style.foreground = color(format.foreground);
   style.background = color(format.background);
   style.underlineColor = color(format.underlineColor);
+  style.strikethroughColor = color(format.strikethroughColor);
+  style.strokeColor = color(format.strokeColor);
   style.underline = format.underline;
   style.strikethrough = format.strikethrough;
   style.superscript = format.superscript;
   style.baselineOffset = format.baseline / 2.0;
   style.kern = format.kern / 20.0;
   style.expansion = format.expansion / 100.0;
+  style.strokeWidth = format.strokeWidth / 20.0;
+  style.obliqueness = format.obliqueness / 1000.0;
+  if (format.ligature >= 0) style.ligature = format.ligature;
+  if (format.hasShadow) style.shadow = shadowOf(format.shadow);
   if (format.link >= 0) style.link = links_[static_cast<size_t>(format.link)];
   if (format.attachment >= 0) style.attachment = attachments[static_cast<size_t>(format.attachment)];
-  style.paragraph = paragraph;
+  style.paragraph = paragraphOf(paragraph);
   return style;
 }
 
-Document Builder::finish(const text::Paragraph& last) {
+Document Builder::finish(const ParagraphFormat& last) {
   flush();
   closeRuns(last);
   return std::move(document);

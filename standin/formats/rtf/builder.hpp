@@ -21,13 +21,13 @@ class Builder {
   void addBytes(std::string_view bytes, const CharacterFormat& format, int codePage);
   void addUnit(char16_t unit, const CharacterFormat& format);
   // Ends the paragraph with the unit; the formatting in force holds for all of it.
-  void endParagraph(char16_t unit, const CharacterFormat& format, const text::Paragraph& paragraph);
+  void endParagraph(char16_t unit, const CharacterFormat& format, const ParagraphFormat& paragraph);
   void flush();
   // The index of the link to the target, one for all links to it.
   int linkTo(const std::u16string& target);
 
   // Ends the last paragraph, which has no end of its own, and hands the document over.
-  Document finish(const text::Paragraph& last);
+  Document finish(const ParagraphFormat& last);
 
   std::map<int, FontEntry> fonts;
   std::vector<text::Color> colors;  // index 0 is the reader's default
@@ -41,9 +41,10 @@ class Builder {
   };
 
   void addLength(size_t units, const CharacterFormat& format);
-  void closeRuns(const text::Paragraph& paragraph);
-  uint32_t styleFor(const CharacterFormat& format, const text::Paragraph& paragraph, uint32_t paragraphIndex);
-  text::Style makeStyle(const CharacterFormat& format, const text::Paragraph& paragraph) const;
+  void closeRuns(const ParagraphFormat& paragraph);
+  uint32_t styleFor(const CharacterFormat& format, const ParagraphFormat& paragraph, uint32_t paragraphIndex);
+  text::Style makeStyle(const CharacterFormat& format, const ParagraphFormat& paragraph) const;
+  text::Shadow shadowOf(const ShadowFormat& format) const;
   std::optional<text::Color> color(int index) const;
 
   Decoder decoder_;
@@ -53,7 +54,7 @@ class Builder {
   CharacterFormat bytesFormat_;
   int bytesCodePage_ = 0;
   std::vector<PendingRun> paragraphRuns_;
-  std::map<text::Paragraph, uint32_t> paragraphs_;
+  std::map<ParagraphFormat, uint32_t> paragraphs_;
   std::map<std::pair<uint32_t, CharacterFormat>, uint32_t> styleIndices_;
 };
 

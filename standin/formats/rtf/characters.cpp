@@ -8,14 +8,15 @@
 namespace standin::formats::rtf {
 namespace {
 
-// A paragraph break ends the line in the file too, so that a person can read it.
+// A paragraph break ends the line in the file too, so that a person can read it. The other units that end paragraphs go as
+// they are, to come back as they went.
 struct Escape {
   char16_t unit;
   std::string_view written;
 };
 constexpr Escape escapes[] = {
-    {u'\\', "\\\\"},    {u'{', "\\{"}, {u'}', "\\}"}, {u'\n', "\\par\n"}, {u'\r', "\\par\n"},  {u'\t', "\\tab "},
-    {u'\f', "\\page "}, {0xA0, "\\~"}, {0xAD, "\\-"}, {0x2011, "\\_"},    {0x2028, "\\line "}, {0x2029, "\\par\n"},
+    {u'\\', "\\\\"},    {u'{', "\\{"}, {u'}', "\\}"}, {u'\n', "\\par\n"}, {u'\t', "\\tab "},
+    {u'\f', "\\page "}, {0xA0, "\\~"}, {0xAD, "\\-"}, {0x2011, "\\_"},    {0x2028, "\\line "},
 };
 
 constexpr auto asciiEscapes = [] {

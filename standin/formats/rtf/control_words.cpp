@@ -11,6 +11,11 @@ namespace {
 
 constexpr int skipped = static_cast<int>(Destination::skip);
 
+template <class Detail>
+constexpr int number(Detail detail) {
+  return static_cast<int>(detail);
+}
+
 // clang-format off
 constexpr ControlWord words[] = {
     // Characters.
@@ -25,7 +30,11 @@ constexpr ControlWord words[] = {
     {"plain", Action::plain}, {"b", Action::bold}, {"i", Action::italic}, {"deleted", Action::hidden},
     {"f", Action::font}, {"fs", Action::fontSize}, {"cf", Action::foreground}, {"cb", Action::background},
     {"highlight", Action::background}, {"chcbpat", Action::background}, {"ulc", Action::underlineColor},
-    {"expndtw", Action::kern}, {"charscalex", Action::expansion},
+    {"strikec", Action::strikethroughColor}, {"strokec", Action::strokeColor}, {"strokewidth", Action::strokeWidth},
+    {"expndtw", Action::kern}, {"charscalex", Action::expansion}, {"obliqueness", Action::obliqueness}, {"ligature", Action::ligature},
+    {"shad", Action::shadow}, {"shadx", Action::shadowDetail, number(ShadowDetail::offsetX)}, {"shady", Action::shadowDetail, number(ShadowDetail::offsetY)},
+    {"shadr", Action::shadowDetail, number(ShadowDetail::blurRadius)}, {"shado", Action::shadowDetail, number(ShadowDetail::opacity)},
+    {"shadc", Action::shadowDetail, number(ShadowDetail::color)},
     {"ul", Action::underline, 1}, {"ulnone", Action::underline, 0}, {"ulw", Action::underline, 0x8001},
     {"uldb", Action::underline, 9}, {"ulth", Action::underline, 2}, {"uld", Action::underline, 0x101},
     {"uldash", Action::underline, 0x201}, {"uldashd", Action::underline, 0x301}, {"uldashdd", Action::underline, 0x401},
@@ -39,8 +48,12 @@ constexpr ControlWord words[] = {
     {"cell", Action::tableCell}, {"nestcell", Action::tableCell},
     {"ql", Action::alignment, 0}, {"qr", Action::alignment, 1}, {"qc", Action::alignment, 2}, {"qj", Action::alignment, 3}, {"qnatural", Action::alignment, 4},
     {"ltrpar", Action::direction, 0}, {"rtlpar", Action::direction, 1},
-    {"fi", Action::firstLineIndent}, {"li", Action::leftIndent}, {"ri", Action::rightIndent}, {"sb", Action::spaceBefore},
-    {"sa", Action::spaceAfter}, {"sl", Action::lineHeight}, {"slmult", Action::lineHeightRule},
+    {"fi", Action::paragraphNumber, number(ParagraphNumber::firstLineIndent)}, {"li", Action::paragraphNumber, number(ParagraphNumber::leftIndent)},
+    {"ri", Action::rightIndent}, {"tailindent", Action::paragraphNumber, number(ParagraphNumber::tailIndent)},
+    {"sb", Action::paragraphNumber, number(ParagraphNumber::spaceBefore)}, {"sa", Action::paragraphNumber, number(ParagraphNumber::spaceAfter)},
+    {"sl", Action::lineHeight}, {"slmult", Action::lineHeightRule}, {"slminimum", Action::minimumHeight}, {"slmaximum", Action::maximumHeight},
+    {"slleading", Action::paragraphNumber, number(ParagraphNumber::lineSpacing)}, {"pardeftab", Action::paragraphNumber, number(ParagraphNumber::tabInterval)},
+    {"parhyphfactor", Action::paragraphNumber, number(ParagraphNumber::hyphenation)}, {"outlinelevel", Action::headerLevel}, {"notabs", Action::noTabs},
     {"tx", Action::tabPosition}, {"tqr", Action::tabKind, 1}, {"tqc", Action::tabKind, 2}, {"tqdec", Action::tabKind, 3},
     // Encodings and raw bytes.
     {"u", Action::unicode}, {"uc", Action::unicodeSkip}, {"bin", Action::binary}, {"ansicpg", Action::codePage},
@@ -65,6 +78,7 @@ constexpr ControlWord words[] = {
     // Pictures in the text, and files beside it.
     {"pict", Action::destination, static_cast<int>(Destination::picture)}, {"NeXTGraphic", Action::destination, static_cast<int>(Destination::graphic)},
     {"shppict", Action::destination, static_cast<int>(Destination::body)}, {"picwgoal", Action::pictureWidth},
+    {"background", Action::destination, static_cast<int>(Destination::background)},
     {"pichgoal", Action::pictureHeight}, {"width", Action::pictureWidth}, {"height", Action::pictureHeight},
     // Groups whose text is not the document's.
     {"stylesheet", Action::destination, skipped}, {"listtable", Action::destination, skipped},

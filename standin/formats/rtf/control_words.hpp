@@ -19,9 +19,16 @@ enum class Action : uint8_t {
   foreground,
   background,
   underlineColor,
+  strikethroughColor,
+  strokeColor,
+  strokeWidth,
+  obliqueness,
+  ligature,
+  shadow,
+  shadowDetail,   // value: a ShadowDetail
   underline,      // value: the line style, its parameter 0 meaning none
   strikethrough,  // value: the line style
-  superscript,    // value: levels
+  superscript,    // value: sign, its parameter the levels
   raise,          // value: sign
   plain,
   paragraphDefaults,
@@ -29,13 +36,14 @@ enum class Action : uint8_t {
   tableCell,
   alignment,  // value: an Alignment
   direction,  // value: a WritingDirection
-  firstLineIndent,
-  leftIndent,
   rightIndent,
-  spaceBefore,
-  spaceAfter,
+  paragraphNumber,  // value: a ParagraphNumber
   lineHeight,
   lineHeightRule,
+  minimumHeight,
+  maximumHeight,
+  headerLevel,
+  noTabs,
   tabPosition,
   tabKind,
   unicode,
@@ -75,6 +83,19 @@ enum class Action : uint8_t {
   hour,
   minute,
   second,
+};
+
+// Members of the formatting that take a word's parameter as it is.
+enum class ShadowDetail { offsetX, offsetY, blurRadius, opacity, color };
+enum class ParagraphNumber {
+  firstLineIndent,
+  leftIndent,
+  tailIndent,
+  spaceBefore,
+  spaceAfter,
+  lineSpacing,
+  tabInterval,
+  hyphenation,
 };
 
 struct ControlWord {

@@ -12,22 +12,40 @@ namespace {
 constexpr std::array lengthMembers = {&PageSetup::paperWidth,  &PageSetup::paperHeight, &PageSetup::leftMargin,
                                       &PageSetup::rightMargin, &PageSetup::topMargin,   &PageSetup::bottomMargin};
 
-// Positive: at least; negative: exactly; with the multiple rule: lines of 12 points.
-void setLineHeight(GroupState& state, bool multiple) {
-  text::Paragraph& paragraph = state.paragraph;
-  paragraph.minimumLineHeight = paragraph.maximumLineHeight = paragraph.lineHeightMultiple = 0;
-  if (multiple) {
-    paragraph.lineHeightMultiple = state.lineHeight == 12 ? 0 : state.lineHeight / 12;
+// The members in the order of their numbers.
+constexpr std::array shadowMembers = {&ShadowFormat::offsetX, &ShadowFormat::offsetY, &ShadowFormat::blurRadius,
+                                      &ShadowFormat::opacity, &ShadowFormat::color};
+constexpr std::array paragraphMembers = {&ParagraphFormat::firstLineIndent, &ParagraphFormat::leftIndent,
+                                         &ParagraphFormat::tailIndent,      &ParagraphFormat::spaceBefore,
+                                         &ParagraphFormat::spaceAfter,      &ParagraphFormat::lineSpacing,
+                                         &ParagraphFormat::tabInterval,     &ParagraphFormat::hyphenation};
+
+// No page is longer; further on, sums would not fit.
+int length(int twips) { return std::clamp(twips, -100'000'000, 100'000'000); }
+
+double points(int twips) { return twips / twipsInPoint; }
+
+// A single line is what there is without a word.
+void setLineHeights(text::Paragraph& paragraph, const ParagraphFormat& format) {
+  const int height = std::abs(format.lineHeight);
+  constexpr int singleLine = 240;
+  if (format.isMultiple) {
+    paragraph.lineHeightMultiple = height == singleLine ? 0 : height / double{singleLine};
   } else {
-    paragraph.minimumLineHeight = std::abs(state.lineHeight);
-    if (state.lineHeight < 0) paragraph.maximumLineHeight = -state.lineHeight;
+    paragraph.minimumLineHeight = points(height);
+    if (format.lineHeight < 0) paragraph.maximumLineHeight = points(height);
   }
+  if (format.minimumHeight) paragraph.minimumLineHeight = points(*format.minimumHeight);
+  if (format.maximumHeight) paragraph.maximumLineHeight = points(*format.maximumHeight);
 }
 
-void addTab(GroupState& state, double position) {
+// Body text has the level behind the last of a heading.
+int headerLevel(int outlineLevel) { return outlineLevel >= 0 && outlineLevel < 9 ? outlineLevel + 1 : 0; }
+
+void addTab(GroupState& state, int position) {
   constexpr size_t mostTabs = 64;
   auto& stops = state.paragraph.tabs;
-  std::vector<text::TabStop>& tabs = stops ? *stops : stops.emplace();
+  std::vector<TabFormat>& tabs = stops ? *stops : stops.emplace();
   if (tabs.size() < mostTabs) tabs.push_back({position, state.nextTab});
   state.nextTab = text::TabKind::left;
 }
@@ -65,6 +83,28 @@ void formatCharacters(CharacterFormat& format, const ControlWord& word, std::opt
     case Action::underlineColor:
       format.underlineColor = number;
       break;
+    case Action::strikethroughColor:
+      format.strikethroughColor = number;
+      break;
+    case Action::strokeColor:
+      format.strokeColor = number;
+      break;
+    case Action::strokeWidth:
+      format.strokeWidth = number;
+      break;
+    case Action::obliqueness:
+      format.obliqueness = number;
+      break;
+    case Action::ligature:
+      format.ligature = std::max(number, -1);
+      break;
+    case Action::shadow:
+      format.hasShadow = on;
+      format.shadow = {};
+      break;
+    case Action::shadowDetail:
+      format.shadow.*shadowMembers[static_cast<size_t>(word.value)] = number;
+      break;
     case Action::underline:
       format.underline = on ? word.value : 0;
       break;
@@ -72,7 +112,7 @@ void formatCharacters(CharacterFormat& format, const ControlWord& word, std::opt
       format.strikethrough = on ? word.value : 0;
       break;
     case Action::superscript:
-      format.superscript = on ? word.value : 0;
+      format.superscript = word.value * std::clamp(parameter.value_or(1), 0, 100);
       break;
     case Action::raise:
       format.baseline = word.value * std::clamp(parameter.value_or(6), -3276, 3276);
@@ -83,12 +123,11 @@ void formatCharacters(CharacterFormat& format, const ControlWord& word, std::opt
 }
 
 void formatParagraph(GroupState& state, const ControlWord& word, std::optional<int> parameter) {
-  text::Paragraph& paragraph = state.paragraph;
-  const double points = parameter.value_or(0) / twipsInPoint;
+  ParagraphFormat& paragraph = state.paragraph;
+  const int number = length(parameter.value_or(0));
   switch (word.action) {
     case Action::paragraphDefaults:
       paragraph = {};
-      state.lineHeight = 0;
       break;
     case Action::alignment:
       paragraph.alignment = static_cast<text::Alignment>(word.value);
@@ -96,32 +135,33 @@ void formatParagraph(GroupState& state, const ControlWord& word, std::optional<i
     case Action::direction:
       paragraph.direction = static_cast<text::WritingDirection>(word.value);
       break;
-    // RTF counts the first line from the left indent, the platform from the margin.
-    case Action::firstLineIndent:
-      paragraph.firstLineIndent = paragraph.headIndent + points;
-      break;
-    case Action::leftIndent:
-      paragraph.firstLineIndent += points - paragraph.headIndent;
-      paragraph.headIndent = points;
-      break;
     case Action::rightIndent:
-      paragraph.tailIndent = -std::max(points, 0.0);  // into the margin it cannot reach
+      paragraph.tailIndent = -std::max(number, 0);  // into the margin it cannot reach
       break;
-    case Action::spaceBefore:
-      paragraph.spacingBefore = points;
-      break;
-    case Action::spaceAfter:
-      paragraph.spacingAfter = points;
+    case Action::paragraphNumber:
+      paragraph.*paragraphMembers[static_cast<size_t>(word.value)] = number;
       break;
     case Action::lineHeight:
-      state.lineHeight = points;
-      setLineHeight(state, false);
+      paragraph.lineHeight = number;
+      paragraph.isMultiple = false;
       break;
     case Action::lineHeightRule:
-      setLineHeight(state, parameter.value_or(0) != 0);
+      paragraph.isMultiple = number != 0;
+      break;
+    case Action::minimumHeight:
+      paragraph.minimumHeight = number;
+      break;
+    case Action::maximumHeight:
+      paragraph.maximumHeight = number;
+      break;
+    case Action::headerLevel:
+      paragraph.headerLevel = headerLevel(number);
+      break;
+    case Action::noTabs:
+      paragraph.tabs.emplace();
       break;
     case Action::tabPosition:
-      addTab(state, points);
+      addTab(state, number);
       break;
     case Action::tabKind:
       state.nextTab = static_cast<text::TabKind>(word.value);
@@ -129,6 +169,28 @@ void formatParagraph(GroupState& state, const ControlWord& word, std::optional<i
     default:
       break;
   }
+}
+
+// RTF counts the first line from the left indent, the platform from the margin.
+text::Paragraph paragraphOf(const ParagraphFormat& format) {
+  text::Paragraph paragraph;
+  paragraph.alignment = format.alignment;
+  paragraph.direction = format.direction;
+  paragraph.headIndent = points(format.leftIndent);
+  paragraph.firstLineIndent = points(format.leftIndent + format.firstLineIndent);
+  paragraph.tailIndent = points(format.tailIndent);
+  paragraph.spacingBefore = points(format.spaceBefore);
+  paragraph.spacingAfter = points(format.spaceAfter);
+  paragraph.lineSpacing = points(format.lineSpacing);
+  paragraph.defaultTabInterval = points(format.tabInterval);
+  paragraph.hyphenationFactor = format.hyphenation / 100.0;
+  paragraph.headerLevel = format.headerLevel;
+  setLineHeights(paragraph, format);
+  if (format.tabs) paragraph.tabs.emplace();
+  for (const TabFormat& tab : format.tabs.value_or(std::vector<TabFormat>())) {
+    paragraph.tabs->push_back({points(tab.position), tab.kind});
+  }
+  return paragraph;
 }
 
 void takeInformation(DocumentInformation& document, Action action, int number) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 
 #include "standin/formats/rtf/characters.hpp"
 
@@ -38,6 +39,7 @@ constexpr IntegerRow integerRows[] = {
     {"\\viewkind", &DocumentInformation::viewMode},
     {"\\viewscale", &DocumentInformation::viewZoom},
     {"\\readonlydoc", &DocumentInformation::readOnly},
+    {"\\cocoartf", &DocumentInformation::rtfVersion},
 };
 
 struct TextRow {
@@ -90,6 +92,16 @@ void appendProperties(std::string& out, const Properties& properties) {
   }
 }
 
+// The fill of a shape behind the pages, and the word that shows it.
+void appendBackground(std::string& out, const text::Color& color) {
+  long fill = 0;
+  const auto rgb = convert(color, text::ColorSpace::deviceRGB).components;
+  for (const size_t component : {2u, 1u, 0u}) fill = fill << 8 | std::lrint(std::clamp(rgb[component], 0.0, 1.0) * 255);
+  out += "{\\*\\background{\\shp{\\*\\shpinst{\\sp{\\sn shapeType}{\\sv 1}}{\\sp{\\sn fillColor}{\\sv ";
+  out += std::to_string(fill);
+  out += "}}}}}\\viewbksp1\n";
+}
+
 }  // namespace
 
 void appendInformation(std::string& out, const DocumentInformation& information) {
@@ -98,6 +110,7 @@ void appendInformation(std::string& out, const DocumentInformation& information)
   const size_t opened = out.size();
   appendProperties(out, information.properties);
   out.size() == opened ? out.resize(start) : void(out += "}\n");
+  if (information.background) appendBackground(out, *information.background);
   const size_t words = out.size();
   for (const LengthRow& row : lengthRows) {
     if (const auto& length = information.page.*row.member) appendScaled(out, row.word, *length, 20);

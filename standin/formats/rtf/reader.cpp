@@ -111,7 +111,22 @@ class Reader {
     if (ending == Destination::fieldInstruction) endFieldInstruction();
     if (ending == Destination::picture) ended_ = pictures_.picture();
     if (ending == Destination::graphic) ended_ = pictures_.file(captured_);
+    if (ending == Destination::background) builder_.document.background = backgroundOf(captured_);
     captured_.clear();
+  }
+
+  // The fill of the shape behind the pages; what else is said of the shape does not matter.
+  static std::optional<text::Color> backgroundOf(std::u16string_view shape) {
+    constexpr std::u16string_view property = u"fillColor";
+    const size_t start = shape.find(property);
+    if (start == shape.npos) return std::nullopt;
+    uint32_t number = 0;  // blue, green and red from above
+    for (const char16_t digit : shape.substr(start + property.size())) {
+      if (digit < u'0' || digit > u'9') break;
+      number = number * 10 + (digit - u'0');
+    }
+    const auto component = [&](int shift) { return (number >> shift & 255) / 255.0; };
+    return text::Color{text::ColorSpace::deviceRGB, {component(0), component(8), component(16), 0}, 1};
   }
 
   // The link holds for the rest of the field, of which the instruction is the first part.
@@ -161,6 +176,7 @@ class Reader {
       case Destination::property:
       case Destination::fieldInstruction:
       case Destination::graphic:
+      case Destination::background:
         decoder_.append(captured_, bytes, documentCodePage_);
         break;
       case Destination::picture:
@@ -233,10 +249,12 @@ class Reader {
     const bool opensGroup = state().atStart;
     state().atStart = false;
     if (known == nullptr) {
-      if (opensGroup && state().starred) setDestination(Destination::skip);
+      const bool hides = opensGroup && state().starred && state().destination != Destination::background;
+      if (hides) setDestination(Destination::skip);
       return;
     }
     if (state().destination == Destination::skip && !actsWhenSkipped(*known)) return;
+    if (state().destination == Destination::background && known->action == Action::destination) return;
     act(*known, token.parameter);
   }
 

@@ -6,8 +6,16 @@
 #include <set>
 
 #include "standin/formats/rtf/characters.hpp"
+#include "standin/text/font_faces.hpp"
 
 namespace standin::formats::rtf {
+
+namespace {
+
+constexpr std::array colorMembers = {&text::Style::foreground, &text::Style::background, &text::Style::underlineColor,
+                                     &text::Style::strikethroughColor, &text::Style::strokeColor};
+
+}  // namespace
 
 Tables::Tables(const std::vector<StyledRun>& runs) {
   if (runs.empty()) addFont(fontOf({}));
@@ -15,9 +23,10 @@ Tables::Tables(const std::vector<StyledRun>& runs) {
   for (const StyledRun& run : runs) {
     if (!seen.insert(run.style).second) continue;
     addFont(fontOf(*run.style));
-    for (const auto& color : {run.style->foreground, run.style->background, run.style->underlineColor}) {
-      if (color) addColor(*color);
+    for (const auto member : colorMembers) {
+      if (const auto& color = run.style->*member) addColor(*color);
     }
+    if (run.style->shadow && run.style->shadow->color) addColor(*run.style->shadow->color);
   }
 }
 
@@ -27,7 +36,14 @@ const text::Font& Tables::fontOf(const text::Style& style) {
 }
 
 void Tables::addFont(const text::Font& font) {
-  if (fonts_.emplace(font.family, fontOrder_.size()).second) fontOrder_.push_back(font.family);
+  const std::string name = nameOf(font);
+  if (fonts_.emplace(name, fontOrder_.size()).second) fontOrder_.push_back(name);
+}
+
+std::string Tables::nameOf(const text::Font& font) {
+  const uint64_t switches = font.traits & (text::boldTrait | text::italicTrait);
+  if (text::fontMeant(font.family, switches, font.size) == font) return font.family;
+  return text::fontMeant(font.name, switches, font.size) == font ? font.name : font.family;
 }
 
 Tables::Bytes Tables::bytesOf(const text::Color& color) {

@@ -19,13 +19,15 @@ class Tables {
   // The font of a run; runs without one are in the platform's default font.
   static const text::Font& fontOf(const text::Style& style);
 
-  size_t fontIndex(const text::Font& font) const { return fonts_.at(font.family); }
+  size_t fontIndex(const text::Font& font) const { return fonts_.at(nameOf(font)); }
   size_t colorIndex(const text::Color& color) const { return colors_.at(bytesOf(color)); }
   void write(std::string& out) const;
 
  private:
   using Bytes = std::array<uint8_t, 3>;
 
+  // By family, with bold and italic as switches, or by face when these do not lead to it.
+  static std::string nameOf(const text::Font& font);
   static Bytes bytesOf(const text::Color& color);
   void addFont(const text::Font& font);
   void addColor(const text::Color& color);

@@ -33,10 +33,14 @@ const char* underlineWord(int style) {
 // Half points, within what readers take.
 long halfPoints(double size) { return std::isfinite(size) ? std::lrint(std::clamp(size, 0.5, 1638.0) * 2) : 24; }
 
-// Real documents go beyond 16 bits; a limit keeps nonsense within what readers take.
-long twips(double points) { return std::isfinite(points) ? std::lrint(std::clamp(points * 20, -1e6, 1e6)) : 0; }
+// Parts of the value. Real documents go beyond 16 bits; a limit keeps nonsense within what readers take.
+long scaled(double value, double parts) {
+  return std::isfinite(value) ? std::lrint(std::clamp(value * parts, -1e6, 1e6)) : 0;
+}
 
-// The positions just behind each paragraph's end, and the text's end.
+long twips(double points) { return scaled(points, 20); }
+
+// The positions just behind each paragraph's end as RTF counts it, and the text's end.
 std::vector<uint32_t> paragraphEnds(const text::Text& text) {
   std::vector<uint32_t> ends;
   uint32_t position = 0;
@@ -113,26 +117,41 @@ class Writer {
     length("\\li", paragraph.headIndent);
     length("\\fi", paragraph.firstLineIndent - paragraph.headIndent);
     if (paragraph.tailIndent < 0) length("\\ri", -paragraph.tailIndent);
+    if (paragraph.tailIndent > 0) length("\\tailindent", paragraph.tailIndent);
     length("\\sb", paragraph.spacingBefore);
     length("\\sa", paragraph.spacingAfter);
     writeLineHeight(paragraph);
+    length("\\slleading", paragraph.lineSpacing);
+    if (paragraph.hyphenationFactor > 0) number("\\parhyphfactor", scaled(paragraph.hyphenationFactor, 100));
+    if (paragraph.headerLevel > 0) number("\\outlinelevel", std::min(paragraph.headerLevel, 9) - 1);
+    writeTabs(paragraph);
+    out_ += ' ';
+  }
+
+  void writeTabs(const text::Paragraph& paragraph) {
+    length("\\pardeftab", paragraph.defaultTabInterval);
+    if (paragraph.tabs && paragraph.tabs->empty()) out_ += "\\notabs";
     for (const text::TabStop& tab : paragraph.tabs.value_or(std::vector<text::TabStop>())) {
       constexpr const char* kinds[] = {"", "\\tqr", "\\tqc", "\\tqdec"};
       out_ += kinds[static_cast<size_t>(tab.kind)];
       number("\\tx", twips(tab.position));
     }
-    out_ += ' ';
   }
 
-  // A multiple counts lines of 12 points; a height that may not grow is written as a negative one.
+  // A multiple counts lines of 12 points; a height that may not grow is written as a negative one. What these do not say,
+  // words of the platform's own do.
   void writeLineHeight(const text::Paragraph& paragraph) {
+    const double least = paragraph.minimumLineHeight, most = paragraph.maximumLineHeight;
     if (paragraph.lineHeightMultiple > 0) {
-      number("\\sl", std::lrint(paragraph.lineHeightMultiple * 240));
+      number("\\sl", scaled(paragraph.lineHeightMultiple, 240));
       out_ += "\\slmult1";
-    } else if (paragraph.maximumLineHeight > 0) {
-      number("\\sl", -twips(paragraph.maximumLineHeight));
+      length("\\slminimum", least);
+      length("\\slmaximum", most);
+    } else if (most > 0) {
+      number("\\sl", -twips(most));
+      if (twips(least) != twips(most)) number("\\slminimum", twips(least));
     } else {
-      length("\\sl", paragraph.minimumLineHeight);
+      length("\\sl", least);
     }
   }
 
@@ -152,15 +171,23 @@ class Writer {
     writeColors(old, style);
     writeLines(old, style);
     writeSpacing(old, style);
+    writeEffects(old, style);
     if (out_.size() != before) out_ += ' ';
   }
 
   void writeFont(const text::Style& old, const text::Style& style) {
     const text::Font &was = Tables::fontOf(old), &is = Tables::fontOf(style);
-    if (current_ == nullptr || is.family != was.family) number("\\f", static_cast<long>(tables_.fontIndex(is)));
+    if (current_ == nullptr || is.family != was.family || is.name != was.name) writeFontNumber(is);
     if (halfPoints(is.size) != halfPoints(was.size)) number("\\fs", halfPoints(is.size));
     onOff("\\b", was.bold(), is.bold());
     onOff("\\i", was.italic(), is.italic());
+  }
+
+  // Bold and italic faces have their family's number.
+  void writeFontNumber(const text::Font& font) {
+    const size_t index = tables_.fontIndex(font);
+    if (current_ == nullptr || index != fontNumber_) number("\\f", static_cast<long>(index));
+    fontNumber_ = index;
   }
 
   void writeColors(const text::Style& old, const text::Style& style) {
@@ -177,17 +204,40 @@ class Writer {
     if (style.strikethrough != old.strikethrough) {
       out_ += style.strikethrough == 9 ? "\\striked1" : style.strikethrough != 0 ? "\\strike" : "\\strike0\\striked0";
     }
+    if (style.strikethroughColor != old.strikethroughColor) number("\\strikec", colorNumber(style.strikethroughColor));
   }
 
   void writeSpacing(const text::Style& old, const text::Style& style) {
-    if (style.superscript != old.superscript) {
-      out_ += style.superscript > 0 ? "\\super" : style.superscript < 0 ? "\\sub" : "\\nosupersub";
-    }
+    if (style.superscript != old.superscript) writeSuperscript(style.superscript);
     if (style.baselineOffset != old.baselineOffset) {
       number(style.baselineOffset < 0 ? "\\dn" : "\\up", std::abs(twips(style.baselineOffset)) / 10);
     }
     if (style.kern != old.kern) number("\\expndtw", twips(style.kern));
-    if (style.expansion != old.expansion) number("\\charscalex", std::lrint(100 + style.expansion * 100));
+    if (style.expansion != old.expansion) number("\\charscalex", scaled(1 + style.expansion, 100));
+  }
+
+  // Readers that do not know levels take any number for one.
+  void writeSuperscript(int levels) {
+    out_ += levels > 0 ? "\\super" : levels < 0 ? "\\sub" : "\\nosupersub";
+    if (std::abs(levels) > 1) out_ += std::to_string(std::abs(levels));
+  }
+
+  void writeEffects(const text::Style& old, const text::Style& style) {
+    if (style.strokeWidth != old.strokeWidth) number("\\strokewidth", scaled(style.strokeWidth, 20));
+    if (style.strokeColor != old.strokeColor) number("\\strokec", colorNumber(style.strokeColor));
+    if (style.obliqueness != old.obliqueness) number("\\obliqueness", scaled(style.obliqueness, 1000));
+    if (style.ligature != old.ligature) number("\\ligature", style.ligature.value_or(-1));
+    if (style.shadow != old.shadow) writeShadow(style.shadow);
+  }
+
+  void writeShadow(const std::optional<text::Shadow>& shadow) {
+    out_ += shadow ? "\\shad" : "\\shad0";
+    if (!shadow) return;
+    number("\\shadx", twips(shadow->offsetX));
+    number("\\shady", twips(shadow->offsetY));
+    number("\\shadr", twips(shadow->blurRadius));
+    if (shadow->color) number("\\shado", scaled(shadow->color->alpha, 255));
+    number("\\shadc", shadow->color ? colorNumber(shadow->color) : -1);
   }
 
   long colorNumber(const std::optional<text::Color>& color) const {
@@ -204,7 +254,7 @@ class Writer {
   const StyledRuns& styled_;
   const Tables tables_;
   const std::vector<uint32_t> ends_;
-  size_t paragraph_ = 0;
+  size_t paragraph_ = 0, fontNumber_ = 0;
   bool startsParagraph_ = true;
   const text::Style plain_;
   text::Paragraph currentParagraph_;

@@ -8,7 +8,8 @@
 
 namespace standin::formats::rtf {
 
-// The document, ASCII throughout. Fonts go by family name, with bold and italic as switches; colours lose their alpha.
+// The document, ASCII throughout. Fonts go by family name, with bold and italic as switches, or by the name of a
+// face that these do not reach; colours lose their alpha, except a shadow's.
 std::string write(const StyledRuns& styled, const DocumentInformation& information = {});
 
 }  // namespace standin::formats::rtf
