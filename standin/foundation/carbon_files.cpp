@@ -59,10 +59,10 @@ OSErr FSFindFolder(FSVolumeRefNum volume, OSType folder, Boolean create, FSRef* 
 
 // Of the catalog it tells the node identifier. The parent of "/" is a reference of zeros.
 OSErr FSGetCatalogInfo(const FSRef* reference, FSCatalogInfoBitmap asked, FSCatalogInfo* info, HFSUniStr255* name,
-                       FSSpec* specification, FSRef* parent) {
+                       FSSpec* oldStyleName, FSRef* parent) {
   const std::optional<std::string> path = pathOf(reference);
   if (!path) return fileNotFound;
-  if ((asked & ~kFSCatInfoNodeID) != 0 || (asked != 0 && info == nullptr) || specification != nullptr) return badParameter;
+  if ((asked & ~kFSCatInfoNodeID) != 0 || (asked != 0 && info == nullptr) || oldStyleName != nullptr) return badParameter;
   if (asked != 0) info->nodeID = nodeIdentifier(*path);
   if (name != nullptr && !copyName(*path, name)) return badName;
   if (parent == nullptr) return noErr;

@@ -250,14 +250,14 @@ class Renderer {
     return directive_.length.empty() ? static_cast<uint32_t>(value) : value;
   }
 
-  Text integer() const { return formatted(specification("l").c_str(), narrowed()); }
+  Text integer() const { return formatted(directiveWith("l").c_str(), narrowed()); }
   Text real() const {
-    if (directive_.length == "L") return formatted(specification("L").c_str(), value_.longReal);
-    return formatted(specification("").c_str(), value_.real);
+    if (directive_.length == "L") return formatted(directiveWith("L").c_str(), value_.longReal);
+    return formatted(directiveWith("").c_str(), value_.real);
   }
 
   // The directive for printf, with width and precision written out.
-  std::string specification(const char* length) const {
+  std::string directiveWith(const char* length) const {
     std::string text = "%" + directive_.flags;
     if (width_) text += (*width_ < 0 ? "-" : "") + std::to_string(std::abs(static_cast<long>(*width_)));
     if (precision_ && *precision_ >= 0) text += "." + std::to_string(*precision_);
@@ -265,11 +265,11 @@ class Renderer {
   }
 
   template <class Argument>
-  static Text formatted(const char* specification, Argument argument) {
-    const int size = std::snprintf(nullptr, 0, specification, argument);
+  static Text formatted(const char* directive, Argument argument) {
+    const int size = std::snprintf(nullptr, 0, directive, argument);
     if (size < 0) return {};
     std::string text(static_cast<size_t>(size) + 1, '\0');
-    std::snprintf(text.data(), text.size(), specification, argument);
+    std::snprintf(text.data(), text.size(), directive, argument);
     text.pop_back();
     return Text::latin1(text);
   }
