@@ -5,7 +5,6 @@
 #include "standin/foundation/collections.hpp"
 #include "standin/foundation/enumerator.hpp"
 #include "standin/foundation/property_list_text.hpp"
-#include "standin/foundation/refusal.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/class_object.hpp"
 
@@ -58,7 +57,7 @@ NSUInteger count(Array& self) { return self.elements.size(); }
 
 NSObject* objectAtIndex(NSObject* self, NSUInteger index) {
   const Array& state = elementsOf(self);
-  refuseIndex(index, state.elements.size(), self, "objectAtIndex:");
+  requireElement(self, "objectAtIndex:", index, state.elements.size());
   return state.elements[index];
 }
 

@@ -21,6 +21,10 @@ void requireIndex(NSObject* receiver, const char* selector, NSUInteger index, NS
   if (index > limit) raiseOutOfBounds(receiver, selector, "Index " + std::to_string(index), noun, length);
 }
 
+void requireElement(NSObject* receiver, const char* selector, NSUInteger index, NSUInteger length) {
+  if (index >= length) raiseOutOfBounds(receiver, selector, "Index " + std::to_string(index), "array", length);
+}
+
 void requireRange(NSObject* receiver, const char* selector, NSRange range, const char* noun, NSUInteger length) {
   if (range.location <= length && range.length <= length - range.location) return;
   raiseOutOfBounds(receiver, selector,

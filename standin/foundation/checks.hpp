@@ -1,4 +1,4 @@
-// The refusals that strings and data share: ranges, indexes and nil arguments, with the platform's reasons.
+// The refusals that strings, data and collections share: ranges, indexes and nil arguments, with the platform's reasons.
 #pragma once
 
 #include "platform/foundation.h"
@@ -9,6 +9,8 @@ namespace standin::foundation {
 // has the length.
 void requireIndex(NSObject* receiver, const char* selector, NSUInteger index, NSUInteger limit, const char* noun,
                   NSUInteger length);
+// NSRangeException unless the array has an element there: index < length.
+void requireElement(NSObject* receiver, const char* selector, NSUInteger index, NSUInteger length);
 // NSRangeException unless the range lies within the length.
 void requireRange(NSObject* receiver, const char* selector, NSRange range, const char* noun, NSUInteger length);
 // NSInvalidArgumentException for nil.

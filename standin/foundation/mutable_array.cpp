@@ -1,7 +1,6 @@
 // NSMutableArray: the messages that change an array.
 #include "standin/foundation/checks.hpp"
 #include "standin/foundation/collections.hpp"
-#include "standin/foundation/refusal.hpp"
 #include "standin/runtime/class_definition.hpp"
 
 namespace standin::foundation {
@@ -14,7 +13,7 @@ std::vector<NSObject*>& elementsOf(NSObject* array) { return stateOf<Array>(arra
 void insert(NSObject* self, NSObject* object, NSUInteger index, const char* selector) {
   requireArgument(self, selector, object);
   std::vector<NSObject*>& elements = elementsOf(self);
-  refuseIndex(index, elements.size() + 1, self, selector);
+  requireElement(self, selector, index, elements.size() + 1);
   elements.insert(elements.begin() + static_cast<ptrdiff_t>(index), object);
   retainObject(object);
 }
@@ -22,7 +21,7 @@ void insert(NSObject* self, NSObject* object, NSUInteger index, const char* sele
 // The element leaves the array before it is released, as its end may come back here.
 void removeAt(NSObject* self, NSUInteger index, const char* selector) {
   std::vector<NSObject*>& elements = elementsOf(self);
-  refuseIndex(index, elements.size(), self, selector);
+  requireElement(self, selector, index, elements.size());
   NSObject* const removed = elements[index];
   elements.erase(elements.begin() + static_cast<ptrdiff_t>(index));
   releaseElement(removed);
@@ -62,7 +61,7 @@ void removeObject(NSObject* self, NSObject* object) {
 void replaceObject(NSObject* self, NSUInteger index, NSObject* object) {
   static const char* const selector = "replaceObjectAtIndex:withObject:";
   requireArgument(self, selector, object);
-  refuseIndex(index, elementsOf(self).size(), self, selector);
+  requireElement(self, selector, index, elementsOf(self).size());
   releaseElement(std::exchange(elementsOf(self)[index], retainObject(object)));
 }
 
