@@ -113,7 +113,7 @@ FileAttributes FileAttributes::of(NSDictionary* dictionary) {
 
 Owned<NSDictionary> newDictionary(const FileAttributes& attributes, FileKind kind) {
   Owned<NSMutableDictionary> dictionary = foundation::newMutableDictionary();
-  const auto set = [&](NSString* key, Owned<NSObject> value) { foundation::set(dictionary, key, value); };
+  const auto set = [&](NSString* key, const Owned<NSObject>& value) { foundation::set(dictionary, key, value); };
   set(NSFileType, retain<NSObject>(typeOf(kind)));
   foundation::addEntries(dictionary, attributes.others);
   set(NSFileType, retain<NSObject>(typeOf(kind)));

@@ -95,7 +95,7 @@ Style styleOf(NSDictionary* attributes) {
 
 Owned<NSDictionary> attributesOf(const Style& style) {
   Owned<NSMutableDictionary> attributes = foundation::newMutableDictionary();
-  const auto set = [&](NSString* key, Owned<NSObject> value) { foundation::set(attributes, key, value); };
+  const auto set = [&](NSString* key, const Owned<NSObject>& value) { foundation::set(attributes, key, value); };
   if (style.font) set(NSFontAttributeName, fontObject(*style.font));
   if (style.paragraph != text::Paragraph()) set(NSParagraphStyleAttributeName, newParagraphStyle(style.paragraph));
   for (const ColorRow& row : colorRows) {
