@@ -1,7 +1,7 @@
 # Shell functions that ./run and ./check share: installing packages that are missing, configuring and building.
 
 BUILD_PACKAGES="g++ cmake ninja-build pkg-config ccache libicu-dev libffi-dev libfontconfig-dev libcli11-dev \
-libgdk-pixbuf-2.0-dev"
+libgdk-pixbuf-2.0-dev libxml2-dev libzip-dev"
 CHECK_PACKAGES="$BUILD_PACKAGES libgtest-dev clang-format binutils git"
 
 say() { printf '\033[1m==> %s\033[0m\n' "$*" >&2; }

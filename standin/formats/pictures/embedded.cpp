@@ -1,0 +1,19 @@
+// Attachments that own their bytes.
+#include "standin/formats/pictures/embedded.hpp"
+
+namespace standin::formats::pictures {
+
+std::shared_ptr<const text::Attachment> newAttachment(std::string bytes, std::string fileName, double width, double height) {
+  // What no page could show is no size.
+  const auto sensible = [](double points) { return points > 0 && points <= 100'000 ? points : 0; };
+  auto owner = std::make_shared<const std::string>(std::move(bytes));
+  auto attachment = std::make_shared<text::Attachment>();
+  attachment->fileName = std::move(fileName);
+  attachment->contents = {reinterpret_cast<const uint8_t*>(owner->data()), owner->size()};
+  attachment->owner = std::move(owner);
+  attachment->width = sensible(width);
+  attachment->height = sensible(height);
+  return attachment;
+}
+
+}  // namespace standin::formats::pictures

@@ -1,0 +1,14 @@
+// Pictures that readers find inside documents, as attachments.
+#pragma once
+
+#include <string>
+
+#include "standin/text/attachment.hpp"
+
+namespace standin::formats::pictures {
+
+// An attachment of the bytes, which it owns; sizes are points, 0 the picture's own.
+std::shared_ptr<const text::Attachment> newAttachment(std::string bytes, std::string fileName, double width = 0,
+                                                      double height = 0);
+
+}  // namespace standin::formats::pictures

@@ -1,0 +1,44 @@
+// Zip containers in memory.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace standin::formats::zip {
+
+// Reads out no more than 50 times its size and 64 MB, all entries together.
+class Archive {
+ public:
+  // Nothing when the bytes are no zip container. They must outlive the archive.
+  static std::optional<Archive> open(std::span<const uint8_t> bytes);
+
+  // Nothing when there is no such entry, it is damaged or encrypted, or the archive's bound is reached.
+  std::optional<std::string> read(std::string_view name);
+  bool contains(std::string_view name) const;
+  std::vector<std::string> names() const;
+
+ private:
+  struct Close {
+    void operator()(void* archive) const;
+  };
+  Archive(void* handle, uint64_t budget) : handle_(handle), budget_(budget) {}
+
+  std::unique_ptr<void, Close> handle_;
+  uint64_t budget_;
+};
+
+struct Entry {
+  std::string name;
+  std::string contents;
+  bool compressed = true;
+};
+// The container of these entries in this order, all of one fixed date, so that equal contents are equal bytes. Nothing when
+// memory is short.
+std::optional<std::string> write(const std::vector<Entry>& entries);
+
+}  // namespace standin::formats::zip
