@@ -32,7 +32,13 @@ configure() {
   cmake --preset "$preset" "$@" >&2
 }
 
-build_folder() { [ "$1" = release ] && echo build || echo "build/$1"; }
+build_folder() {
+  case $1 in
+    release) echo build ;;
+    macos) echo build-macos ;;
+    *) echo "build/$1" ;;
+  esac
+}
 
 # build PRESET [TARGETS]: says so only when there is something to build.
 build() {

@@ -7,11 +7,14 @@ __attribute__((objc_exception))
 @interface NSException : NSObject
 @end
 
+extern "C" NSException* objc_retainAutorelease(NSException* exception);
+
 extern "C" NSException* platform_catchException(void (*body)(void*), void* context) {
   @try {
     body(context);
   } @catch (NSException* exception) {
-    return exception;
+    // The throw's own reference ends with this block, and the pool that held the exception may have been the body's.
+    return objc_retainAutorelease(exception);
   }
   return nullptr;
 }
