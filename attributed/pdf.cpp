@@ -53,12 +53,21 @@ class CleanUpUnlessDisarmed {
 // The file that one call prints into. It exists from its creation to the end of this value.
 class TemporaryFile {
  public:
-  TemporaryFile() : url_(create(templatePath())) { log("path: %@\n", url_); }
+  TemporaryFile() : url_(create(templatePath())) {
+    CleanUpUnlessDisarmed removeUnlogged([&] { unlinkFile(); });
+    log("path: %@\n", url_);
+    removeUnlogged.disarm();
+  }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
-  // Must not throw while an exception passes: a platform exception of the removal ends here.
+  // Must not throw: a platform exception of the removal ends here, and what memory is too short for is done without any.
   ~TemporaryFile() {
-    if (url_ != nullptr) catchException([&] { remove(); });
+    if (url_ == nullptr) return;
+    try {
+      catchException([&] { remove(); });
+    } catch (...) {
+      unlinkFile();
+    }
   }
 
   // Nil when the file could not be made.
@@ -72,22 +81,26 @@ class TemporaryFile {
     return path;
   }
 
-  static NSURL* create(NSString* templatePath) {
+  NSURL* create(NSString* templatePath) {
     const char* representation = NSString::fileSystemRepresentation(templatePath);
     const std::size_t length = representation == nullptr ? 0 : std::strlen(representation);
-    const std::unique_ptr<char[]> path(length == 0 ? nullptr : new (std::nothrow) char[length + 1]());
-    if (path == nullptr) return nullptr;
-    std::memcpy(path.get(), representation, length);
-    const int descriptor = mkstemps(path.get(), static_cast<int>(sizeof fileSuffix - 1));
+    if (length != 0) path_.reset(new (std::nothrow) char[length + 1]());
+    if (path_ == nullptr) return nullptr;
+    std::memcpy(path_.get(), representation, length);
+    const int descriptor = mkstemps(path_.get(), static_cast<int>(sizeof fileSuffix - 1));
     if (descriptor == -1) return nullptr;
     close(descriptor);
-    CleanUpUnlessDisarmed removeUnnamed([&] { unlink(path.get()); });
+    CleanUpUnlessDisarmed removeUnnamed([&] { unlinkFile(); });
     NSString* name = NSFileManager::stringWithFileSystemRepresentation(
-        NSFileManager::defaultManager(classOf<NSFileManager>()), path.get(), std::strlen(path.get()));
+        NSFileManager::defaultManager(classOf<NSFileManager>()), path_.get(), std::strlen(path_.get()));
     log("tempFileName: %@\n", name);
     NSURL* url = NSURL::fileURLWithPath(classOf<NSURL>(), name);
     if (url != nullptr) removeUnnamed.disarm();
     return url;
+  }
+
+  void unlinkFile() const {
+    if (path_ != nullptr) unlink(path_.get());
   }
 
   void remove() const {
@@ -96,6 +109,7 @@ class TemporaryFile {
     if (error != nullptr) log("remove item error: %@\n", error);
   }
 
+  std::unique_ptr<char[]> path_;
   NSURL* url_;
 };
 

@@ -272,6 +272,7 @@ struct NSTextContainer : NSObject {
 
 struct NSView : NSObject {
   static constexpr char className_[] = "NSView";
+  static inline constinit Message<void()> endPage{"endPage"};
 };
 
 struct NSTextView : NSView {
@@ -301,6 +302,20 @@ struct NSPrintInfo : NSObject {
   static inline constinit Message<void(CGFloat)> setRightMargin{"setRightMargin:"};
   static inline constinit Message<void(NSString*)> setJobDisposition{"setJobDisposition:"};
   static inline constinit Message<NSMutableDictionary*()> dictionary{"dictionary"};
+  static inline constinit Message<NSSize()> paperSize{"paperSize"};
+  static inline constinit Message<void(NSSize)> setPaperSize{"setPaperSize:"};
+  static inline constinit Message<NSInteger()> orientation{"orientation"};
+  static inline constinit Message<void(NSInteger)> setOrientation{"setOrientation:"};
+  static inline constinit Message<CGFloat()> leftMargin{"leftMargin"};
+  static inline constinit Message<CGFloat()> rightMargin{"rightMargin"};
+  static inline constinit Message<CGFloat()> topMargin{"topMargin"};
+  static inline constinit Message<CGFloat()> bottomMargin{"bottomMargin"};
+  static inline constinit Message<CGFloat()> scalingFactor{"scalingFactor"};
+  static inline constinit Message<void(CGFloat)> setScalingFactor{"setScalingFactor:"};
+  static inline constinit Message<NSUInteger()> horizontalPagination{"horizontalPagination"};
+  static inline constinit Message<NSUInteger()> verticalPagination{"verticalPagination"};
+  static inline constinit Message<BOOL()> isHorizontallyCentered{"isHorizontallyCentered"};
+  static inline constinit Message<BOOL()> isVerticallyCentered{"isVerticallyCentered"};
 };
 
 struct NSPrintOperation : NSObject {

@@ -52,6 +52,8 @@ const char* object_getClassName(id object);
 const char* class_getName(Class cls);
 Class class_getSuperclass(Class cls);
 BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char* types);
+// Gives the class the method in place of its own; answers that one, nil when it had none.
+IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char* types);
 // The implementation that instances of the class answer the selector with: the way to a superclass's method.
 IMP class_getMethodImplementation(Class cls, SEL selector);
 BOOL class_addIvar(Class cls, const char* name, size_t size, uint8_t alignment, const char* types);

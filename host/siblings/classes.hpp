@@ -11,6 +11,7 @@ void registerErrors();
 void registerImages();
 void registerTextTabs();
 void registerParagraphStyles();
+void registerPrintInfos();
 void registerCoreFoundation();
 void registerTimes();
 void registerWrappers();

@@ -13,6 +13,7 @@ extern "C" __attribute__((visibility("default"))) void REALPluginMain(siblings::
   registerImages();
   registerTextTabs();
   registerParagraphStyles();
+  registerPrintInfos();
   registerCoreFoundation();
   registerTimes();
   registerWrappers();

@@ -72,7 +72,6 @@ constexpr struct {
     {"NSPathControlZKT", "NSViewZKT"},
     {"NSPipeZKT"},
     {"NSPopUpButtonZKT", "NSViewZKT"},
-    {"NSPrintInfoZKT"},
     {"NSRunLoopZKT"},
     {"NSRunningApplicationZKT"},
     {"NSScreenZKT"},

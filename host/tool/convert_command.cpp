@@ -1,46 +1,18 @@
 // Converts documents, one after the other.
 #include "host/tool/convert_command.hpp"
 
-#include <unistd.h>
-
 #include <filesystem>
-#include <iostream>
 #include <set>
 
 #include "host/tool/documents.hpp"
 #include "host/tool/messages.hpp"
 #include "host/tool/plugins.hpp"
+#include "host/tool/progress.hpp"
 
 namespace tool {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A line on a terminal that shows how far a long conversion is.
-class ProgressBar {
- public:
-  explicit ProgressBar(size_t total) : total_(total), isShown_(total >= fewest && isatty(STDERR_FILENO) != 0) {}
-  ProgressBar(const ProgressBar&) = delete;
-  ~ProgressBar() { clear(); }
-
-  void advance() {
-    ++done_;
-    if (!isShown_) return;
-    const size_t filled = done_ * width / total_;
-    std::cerr << "\r[" << std::string(filled, '#') << std::string(width - filled, ' ') << "] " << done_ << "/" << total_
-              << std::flush;
-  }
-  // For a message in its place.
-  void clear() {
-    if (isShown_) std::cerr << "\r\033[K";
-  }
-
- private:
-  static constexpr size_t fewest = 5, width = 40;
-
-  size_t total_, done_ = 0;
-  bool isShown_;
-};
 
 std::string targetOf(const ConvertOptions& options, const std::string& input) {
   if (!options.output.empty()) return options.output;
@@ -70,20 +42,20 @@ int convertDocuments(const ConvertOptions& options) {
   const std::string format = options.to.empty() ? formatNamed(options.output) : options.to;
   std::error_code failure;
   if (!options.folder.empty()) fs::create_directories(options.folder, failure);
-  ProgressBar progress(options.inputs.size());
+  Progress progress(options.inputs.size());
   std::set<std::string> written;
   int status = Succeeded;
   for (const std::string& input : options.inputs) {
     try {
       const std::string target = targetOf(options, input);
       if (!written.insert(target).second) throw DocumentError{"another document was converted to " + target};
-      saveDocument(openDocument(input, options.from), target, format);
+      saveDocument(openDocument(input, options.from), target, format, [&](int page) { progress.pageDone(page); });
     } catch (const DocumentError& error) {
       progress.clear();
       report(input, error.message);
       status = Failed;
     }
-    progress.advance();
+    progress.fileDone();
   }
   return status;
 }

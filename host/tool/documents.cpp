@@ -2,34 +2,37 @@
 #include "host/tool/documents.hpp"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <optional>
 
-#include "host/language/files.hpp"
 #include "host/runtime/dictionary.hpp"
 #include "host/runtime/memory_block.hpp"
+#include "host/tool/files.hpp"
 #include "host/tool/members.hpp"
+#include "host/tool/pdf_pages.hpp"
 
 namespace tool {
 namespace {
 
 namespace fs = std::filesystem;
 
-std::string contentsOf(const std::string& path) {
-  std::optional<std::string> contents = language::contentsOf(path);
-  if (!contents) throw DocumentError{std::strerror(errno)};
-  return *std::move(contents);
-}
+struct Format;
+using Open = StyledDocument (*)(const Format&, const std::string& path);
+using Save = void (*)(const Format&, const StyledDocument&, const std::string& path, const PageDone&);
 
-void requireRead(const Value& succeeded, const char* format) {
-  if (!succeeded.asBoolean()) throw DocumentError{std::string("it cannot be read as ") + format};
+struct Format {
+  const char* name;
+  std::initializer_list<const char*> extensions;  // the first is that of new files
+  const char* type;                               // the platform's name of it; nil: it has none
+  Open open;                                      // nil: it cannot be opened
+  Save save;
+};
+
+void requireRead(const Value& succeeded, const Format& format) {
+  if (!succeeded.asBoolean()) throw DocumentError{std::string("it cannot be read as ") + format.name};
 }
 
 // Through an initialiser that takes one argument and hands out the document attributes.
-StyledDocument openedWith(std::string_view declaration, Value argument, const char* format) {
+StyledDocument openedWith(std::string_view declaration, Value argument, const Format& format) {
   StyledDocument document{make("NSAttributedStringZKT"), {}};
   std::vector<Value> arguments{std::move(argument), {}};
   requireRead(call(document.text, declaration, arguments), format);
@@ -37,127 +40,133 @@ StyledDocument openedWith(std::string_view declaration, Value argument, const ch
   return document;
 }
 
-StyledDocument openAny(const std::string& path) {
-  if (!fs::is_directory(path)) static_cast<void>(contentsOf(path));
-  return openedWith("initWithPath(path as string, byref documentAttributes as dictionary) as boolean", Value::string(path),
-                    "a document of a known format");
+std::string typeOf(const StyledDocument& document) {
+  if (document.attributes.isNil()) return "";
+  return utf8(host::dictionaryValue(document.attributes.asObject(), Value::string("DocumentType")));
 }
 
-StyledDocument openedFromBytes(std::string_view declaration, const std::string& path, const char* format) {
+// The library finds the format by content and by name.
+StyledDocument openAny(const std::string& path, const Format& format) {
+  if (!fs::is_directory(path)) static_cast<void>(contentsOf(path));
+  return openedWith("initWithPath(path as string, byref documentAttributes as dictionary) as boolean", Value::string(path),
+                    format);
+}
+
+// A document that turns out to be of another format is none of this one.
+StyledDocument openFound(const Format& format, const std::string& path) {
+  StyledDocument document = openAny(path, format);
+  if (typeOf(document) != format.type) throw DocumentError{std::string("it cannot be read as ") + format.name};
+  return document;
+}
+
+StyledDocument openedFromBytes(std::string_view declaration, const std::string& path, const Format& format) {
   return openedWith(declaration, Value::object(host::makeMemoryBlock(contentsOf(path))), format);
 }
 
-StyledDocument openRTF(const std::string& path) {
-  return openedFromBytes("initWithRTF(data as memoryblock, byref documentAttributes as dictionary) as boolean", path, "rtf");
+StyledDocument openRTF(const Format& format, const std::string& path) {
+  return openedFromBytes("initWithRTF(data as memoryblock, byref documentAttributes as dictionary) as boolean", path,
+                         format);
 }
 
-StyledDocument openRTFD(const std::string& path) {
-  if (fs::is_directory(path)) return openAny(path);
+StyledDocument openRTFD(const Format& format, const std::string& path) {
+  if (fs::is_directory(path)) return openAny(path, format);
   return openedFromBytes("initWithRTFD(data as memoryblock, byref documentAttributes as dictionary) as boolean", path,
-                         "rtfd");
+                         format);
 }
 
-StyledDocument openedFromText(std::string_view declaration, const std::string& path, const char* format) {
+StyledDocument openDoc(const Format& format, const std::string& path) {
+  return openedFromBytes("initWithDocFormat(data as memoryblock, byref documentAttributes as dictionary) as boolean", path,
+                         format);
+}
+
+// Pictures are looked for beside the document.
+StyledDocument openHTML(const Format& format, const std::string& path) {
+  StyledDocument document{make("NSAttributedStringZKT"), {}};
+  std::vector<Value> arguments{Value::object(host::makeMemoryBlock(contentsOf(path))), Value::string(fileURL(path)), {}};
+  requireRead(call(document.text,
+                   "initWithHTML(data as memoryblock, BaseURL as string, byref documentAttributes as dictionary) as boolean",
+                   arguments),
+              format);
+  document.attributes = std::move(arguments[2]);
+  return document;
+}
+
+StyledDocument openedFromText(std::string_view declaration, const std::string& path, const Format& format) {
   StyledDocument document{make("NSAttributedStringZKT"), {}};
   requireRead(call(document.text, declaration, {Value::string(contentsOf(path))}), format);
   return document;
 }
 
-StyledDocument openText(const std::string& path) {
-  return openedFromText("initWithString(text as string) as boolean", path, "txt");
+StyledDocument openText(const Format& format, const std::string& path) {
+  return openedFromText("initWithString(text as string) as boolean", path, format);
 }
 
-StyledDocument openHTML(const std::string& path) {
-  return openedFromText("initWithHTMLOld(data as string) as boolean", path, "html");
+StyledDocument openTags(const Format& format, const std::string& path) {
+  return openedFromText("initWithHTMLOld(data as string) as boolean", path, format);
 }
 
-// Beside the file first, so that a failure half-way leaves what was there.
-void writeBytes(const std::string& path, std::string_view bytes) {
-  const std::string beside = path + ".new";
-  errno = 0;
-  std::ofstream file(beside, std::ios::binary);
-  const bool written = file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) && file.flush();
-  std::error_code failure(written ? 0 : errno != 0 ? errno : EIO, std::generic_category());
-  if (written) fs::rename(beside, path, failure);
-  std::error_code ignored;
-  if (failure) fs::remove(beside, ignored);
-  if (failure) throw DocumentError{failure.message()};
-}
-
-void saveText(const StyledDocument& document, const std::string& path) {
+void saveText(const Format&, const StyledDocument& document, const std::string& path, const PageDone&) {
   writeBytes(path, utf8(get(document.text, "Text")));
 }
 
-void saveHTML(const StyledDocument& document, const std::string& path) {
+void saveTags(const Format&, const StyledDocument& document, const std::string& path, const PageDone&) {
   writeBytes(path, utf8(call(document.text, "htmlString as string")));
 }
 
-void saveRTF(const StyledDocument& document, const std::string& path) {
-  const Value data =
-      call(document.text, "RTFFromRange(documentAttributes as dictionary = nil) as memoryblock", {document.attributes});
-  if (data.isNil()) throw DocumentError{"it cannot be written as rtf"};
-  const auto bytes = host::memoryOf(data.asObject());
-  writeBytes(path, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+void savePDF(const Format&, const StyledDocument& document, const std::string& path, const PageDone& pageDone) {
+  writeBytes(path, pdfOf(document, pageDone));
 }
 
-void throwError(const Value& error) {
-  throw DocumentError{error.isNil() ? "it cannot be written as rtfd" : utf8(get(error, "localizedDescription"))};
+void throwError(const Value& error, const Format& format) {
+  throw DocumentError{error.isNil() ? std::string("it cannot be written as ") + format.name
+                                    : utf8(get(error, "localizedDescription"))};
 }
 
-std::string fileURL(const std::string& path) {
-  constexpr char digits[] = "0123456789ABCDEF";
-  std::string url = "file://";
-  for (const char c : fs::absolute(path).string()) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (std::isalnum(byte) != 0 || std::strchr("/-._~", c) != nullptr) {
-      url += c;
-    } else {
-      ((url += '%') += digits[byte >> 4]) += digits[byte & 15];
-    }
-  }
-  return url;
-}
-
-// The attributes with the type: entries of the document's own type give way.
+// The attributes with the type. What the document was encoded in before holds for that file alone.
 Value attributesWithType(const Value& attributes, std::string_view type) {
   Value typed = Value::object(host::makeDictionary());
   for (int64_t index = 0; !attributes.isNil() && index < host::dictionaryCount(attributes.asObject()); ++index) {
     const Value key = host::dictionaryKey(attributes.asObject(), index);
+    const std::string name = utf8(key);
+    if (name == "CharacterEncoding" || name == "TextEncodingName") continue;
     host::setDictionaryValue(typed.asObject(), key, host::dictionaryValue(attributes.asObject(), key));
   }
   host::setDictionaryValue(typed.asObject(), Value::string("DocumentType"), Value::string(type));
   return typed;
 }
 
-void saveRTFD(const StyledDocument& document, const std::string& path) {
+// As a file, or as the package that documents of the type are.
+void saveTyped(const Format& format, const StyledDocument& document, const std::string& path, const PageDone&) {
   std::vector<Value> arguments{
-      Value::integer(0), get(document.text, "Length"), attributesWithType(document.attributes, "NSRTFD"), {}};
-  const Value package = call(document.text,
-                             "fileWrapperFromRange(offset as integer, length as integer, documentAttributes as dictionary = "
-                             "nil, byref Error as NSErrorZKT) as NSFileWrapperZKT",
-                             arguments);
-  if (package.isNil()) throwError(arguments[3]);
+      Value::integer(0), get(document.text, "Length"), attributesWithType(document.attributes, format.type), {}};
+  const Value file = call(document.text,
+                          "fileWrapperFromRange(offset as integer, length as integer, documentAttributes as dictionary = "
+                          "nil, byref Error as NSErrorZKT) as NSFileWrapperZKT",
+                          arguments);
+  if (file.isNil()) throwError(arguments[3], format);
   constexpr int64_t atomically = 1;
   std::vector<Value> writing{Value::string(fileURL(path)), Value::integer(atomically), Value::string(""), {}};
-  const Value written = call(package,
+  const Value written = call(file,
                              "writeToURL(URL as String, Options as Integer = 0, originalContentsURL as String = \"\", byref "
                              "Error as NSErrorZKT) as Boolean",
                              writing);
-  if (!written.asBoolean()) throwError(writing[3]);
+  if (!written.asBoolean()) throwError(writing[3], format);
 }
 
-struct Format {
-  const char* name;
-  std::initializer_list<const char*> extensions;  // the first is that of new files
-  StyledDocument (*open)(const std::string& path);
-  void (*save)(const StyledDocument&, const std::string& path);
-};
 constexpr Format formats[] = {
-    {"txt", {".txt", ".text"}, openText, saveText},
-    {"rtf", {".rtf"}, openRTF, saveRTF},
-    {"rtfd", {".rtfd"}, openRTFD, saveRTFD},
-    {"html", {".html", ".htm"}, openHTML, saveHTML},
+    {"txt", {".txt", ".text"}, nullptr, openText, saveText},
+    {"rtf", {".rtf"}, "NSRTF", openRTF, saveTyped},
+    {"rtfd", {".rtfd"}, "NSRTFD", openRTFD, saveTyped},
+    {"html", {".html", ".htm", ".xhtml"}, "NSHTML", openHTML, saveTyped},
+    {"doc", {".doc"}, "NSDocFormat", openDoc, saveTyped},
+    {"docx", {".docx"}, "NSOfficeOpenXML", openFound, saveTyped},
+    {"odt", {".odt"}, "NSOpenDocument", openFound, saveTyped},
+    {"wordml", {".xml"}, "NSWordML", openFound, saveTyped},
+    {"webarchive", {".webarchive"}, "NSWebArchive", openFound, saveTyped},
+    {"tags", {".tags"}, nullptr, openTags, saveTags},
+    {"pdf", {".pdf"}, nullptr, nullptr, savePDF},
 };
+constexpr Format anyFormat = {"a document of a known format", {}, nullptr, nullptr, nullptr};
 
 const Format* findFormat(const std::string& name) {
   const auto found =
@@ -191,19 +200,19 @@ std::string formatNamed(std::string_view path) {
 
 std::string extensionOf(const std::string& format) { return *findFormat(format)->extensions.begin(); }
 
-// The library finds every format by content but HTML, of which it reads its own dialect when it is asked to.
 StyledDocument openDocument(const std::string& path, const std::string& format) {
-  const std::string name = format.empty() && formatNamed(path) == "html" ? "html" : format;
+  const std::string name = format.empty() && formatNamed(path) == "tags" ? "tags" : format;
   try {
-    return name.empty() ? openAny(path) : findFormat(name)->open(path);
+    return name.empty() ? openAny(path, anyFormat) : findFormat(name)->open(*findFormat(name), path);
   } catch (const host::HostException& exception) {
     throw DocumentError{exception.message()};
   }
 }
 
-void saveDocument(const StyledDocument& document, const std::string& path, const std::string& format) {
+void saveDocument(const StyledDocument& document, const std::string& path, const std::string& format,
+                  const PageDone& pageDone) {
   try {
-    findFormat(format)->save(document, path);
+    findFormat(format)->save(*findFormat(format), document, path, pageDone);
   } catch (const host::HostException& exception) {
     throw DocumentError{exception.message()};
   }

@@ -1,6 +1,7 @@
 // Documents opened and saved through the library.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,6 +20,9 @@ struct StyledDocument {
   host::Value attributes;  // a Dictionary, or nil
 };
 
+// Called with the number of each page that is written, by formats that have pages; may be empty.
+using PageDone = std::function<void(int page)>;
+
 // The names of the formats that can be opened, and of those that can be saved.
 std::vector<std::string> readableFormats();
 std::vector<std::string> writableFormats();
@@ -29,6 +33,7 @@ std::string extensionOf(const std::string& format);
 
 // Throw DocumentError. The format is the document's own when none is given. A file that is there is replaced.
 StyledDocument openDocument(const std::string& path, const std::string& format);
-void saveDocument(const StyledDocument& document, const std::string& path, const std::string& format);
+void saveDocument(const StyledDocument& document, const std::string& path, const std::string& format,
+                  const PageDone& pageDone = {});
 
 }  // namespace tool

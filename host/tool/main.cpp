@@ -7,6 +7,7 @@
 #include "host/tool/documents.hpp"
 #include "host/tool/inspect_command.hpp"
 #include "host/tool/messages.hpp"
+#include "host/tool/preview_command.hpp"
 #include "host/tool/run_command.hpp"
 
 int main(int count, char** arguments) {
@@ -42,6 +43,14 @@ int main(int count, char** arguments) {
   inspect->add_flag("--json", inspection.json, "As JSON");
   inspect->add_option("--from", inspection.from, "The format to read")->check(CLI::IsMember(tool::readableFormats()));
 
+  tool::PreviewOptions preview;
+  CLI::App* previewing = app.add_subcommand("preview", "Make a picture of a page of a document");
+  previewing->add_option("document", preview.path, "The document")->required();
+  previewing->add_option("-o,--output", preview.output, "The PNG file to write")->required();
+  previewing->add_option("--page", preview.page, "The page's number, from 1")->check(CLI::PositiveNumber);
+  previewing->add_option("--resolution", preview.resolution, "Pixels an inch")->check(CLI::Range(10, 600));
+  previewing->add_option("--from", preview.from, "The format to read")->check(CLI::IsMember(tool::readableFormats()));
+
   try {
     app.parse(count, arguments);
   } catch (const CLI::ParseError& error) {
@@ -50,6 +59,7 @@ int main(int count, char** arguments) {
   if (classes->parsed()) return tool::listClasses(className, markdown);
   if (convert->parsed()) return tool::convertDocuments(conversion);
   if (inspect->parsed()) return tool::inspectDocument(inspection);
+  if (previewing->parsed()) return tool::previewDocument(preview);
   runOptions.invocation.arguments = run->remaining();
   return tool::runProgram(runOptions);
 }

@@ -13,6 +13,12 @@ const host::HostClass& classOf(const Value& object) {
   return *object.asObject()->type;
 }
 
+const host::Property& propertyOf(const Value& object, std::string_view name) {
+  const host::Property* found = classOf(object).findProperty(name);
+  if (found == nullptr) throw std::logic_error("no property " + std::string(name));
+  return *found;
+}
+
 }  // namespace
 
 Value make(std::string_view className) { return Value::object(host::Runtime::shared().newInstance(className)); }
@@ -28,10 +34,10 @@ Value call(const Value& object, std::string_view declaration, std::vector<Value>
   return call(object, declaration, arguments);
 }
 
-Value get(const Value& object, std::string_view property) {
-  const host::Property* found = classOf(object).findProperty(property);
-  if (found == nullptr) throw std::logic_error("no property " + std::string(property));
-  return found->read(object.asObject());
+Value get(const Value& object, std::string_view property) { return propertyOf(object, property).read(object.asObject()); }
+
+void set(const Value& object, std::string_view property, const Value& value) {
+  propertyOf(object, property).write(object.asObject(), value);
 }
 
 std::string_view classNameOf(const Value& object) {

@@ -16,6 +16,8 @@ Value make(std::string_view className);
 Value call(const Value& object, std::string_view declaration, std::vector<Value>& arguments);
 Value call(const Value& object, std::string_view declaration, std::vector<Value>&& arguments = {});
 Value get(const Value& object, std::string_view property);
+// REQUIRES a value of the property's type.
+void set(const Value& object, std::string_view property, const Value& value);
 
 // "" when the value is no object.
 std::string_view classNameOf(const Value& object);

@@ -17,16 +17,38 @@ bool canBeEmbedded(std::span<const uint8_t> bytes) {
   return format == formats::pictures::Format::png || format == formats::pictures::Format::jpeg;
 }
 
+// The attachment's file, autoreleased; nil when it has none.
+NSFileWrapper* attachedFile(const text::Attachment& attachment) {
+  return attachment.object != nullptr ? fileOf(objectOf(attachment)).autorelease() : nullptr;
+}
+
+// Nil for what is no regular file.
+NSData* bytesIn(NSFileWrapper* file) {
+  return file != nullptr && wrapperState(file).kind == FileKind::regular ? contentsOf(file) : nullptr;
+}
+
+void hold(text::Attachment& attachment, NSData* contents) {
+  attachment.owner =
+      std::shared_ptr<void>(retainObject(contents), [](void* data) { releaseObject(static_cast<NSObject*>(data)); });
+  attachment.contents = foundation::bytesOf(contents);
+}
+
 // The attachment with its picture, if it is one; otherwise as it is.
 std::shared_ptr<const text::Attachment> withPicture(const std::shared_ptr<const text::Attachment>& attachment) {
-  NSFileWrapper* file = attachment->object != nullptr ? fileOf(objectOf(*attachment)).autorelease() : nullptr;
-  NSData* contents = file != nullptr && wrapperState(file).kind == FileKind::regular ? contentsOf(file) : nullptr;
+  NSData* contents = bytesIn(attachedFile(*attachment));
   if (!canBeEmbedded(foundation::bytesOf(contents))) return attachment;
   auto embedded = std::make_shared<text::Attachment>(*attachment);
-  embedded->owner =
-      std::shared_ptr<void>(retainObject(contents), [](void* data) { releaseObject(static_cast<NSObject*>(data)); });
-  embedded->contents = foundation::bytesOf(contents);
+  hold(*embedded, contents);
   return embedded;
+}
+
+std::shared_ptr<const text::Attachment> withFile(const std::shared_ptr<const text::Attachment>& attachment) {
+  NSFileWrapper* file = attachedFile(*attachment);
+  if (file == nullptr) return attachment;
+  auto taken = std::make_shared<text::Attachment>(*attachment);
+  taken->fileName = packagedName(file);
+  if (NSData* contents = bytesIn(file)) hold(*taken, contents);
+  return taken;
 }
 
 }  // namespace
@@ -43,6 +65,12 @@ ExportedRuns::ExportedRuns(const text::StyledText& text, text::UnitRange range) 
 void ExportedRuns::embedPictures() {
   for (text::Style& style : styles_) {
     if (style.attachment != nullptr) style.attachment = withPicture(style.attachment);
+  }
+}
+
+void ExportedRuns::takeFiles() {
+  for (text::Style& style : styles_) {
+    if (style.attachment != nullptr) style.attachment = withFile(style.attachment);
   }
 }
 

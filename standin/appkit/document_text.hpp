@@ -20,6 +20,8 @@ class ExportedRuns {
 
   // Gives every attachment that is a picture the bytes to be written into the text.
   void embedPictures();
+  // Gives every attachment the bytes and the name of its file, if that is a regular one, to be drawn.
+  void takeFiles();
   // Puts the files of the attachments into the directory, and gives each attachment its name there.
   void packageFiles(NSFileWrapper* directory);
 

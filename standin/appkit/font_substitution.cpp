@@ -1,21 +1,17 @@
 // Font substitution by the glyphs that installed fonts have.
 #include "standin/appkit/font_substitution.hpp"
 
-#include <fontconfig/fontconfig.h>
 #include <unicode/uchar.h>
 
 #include <map>
-#include <memory>
+
+#include "standin/text/font_patterns.hpp"
 
 namespace standin::appkit {
 namespace {
 
-struct Release {
-  void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
-  void operator()(FcFontSet* set) const { FcFontSetDestroy(set); }
-};
-using Pattern = std::unique_ptr<FcPattern, Release>;
-using FontSet = std::unique_ptr<FcFontSet, Release>;
+using Pattern = text::FontPattern;
+using text::FontSet;
 
 // What is looked for: a family, by the name that documents use.
 Pattern request(const char* family) {

@@ -91,7 +91,4 @@ NSString* const NSWebPreferencesDocumentOption = constantString("WebPreferences"
 NSString* const NSWebResourceLoadDelegateDocumentOption = constantString("WebResourceLoadDelegate");
 NSString* const NSTextSizeMultiplierDocumentOption = constantString("TextSizeMultiplier");
 NSString* const NSFileTypeDocumentOption = constantString("FileType");
-
-NSString* const NSPrintSaveJob = constantString("NSPrintSaveJob");
-NSString* const NSPrintJobSavingURL = constantString("NSJobSavingURL");
 }

@@ -21,7 +21,6 @@ constexpr ClassRow rows[] = {
     {"NSTabView", "NSView"},
     {"NSTableHeaderView", "NSView"},
     {"NSText", "NSView"},
-    {"NSTextView", "NSText"},
     {"NSControl", "NSView"},
     {"NSButton", "NSControl"},
     {"NSPopUpButton", "NSButton"},
@@ -52,8 +51,6 @@ constexpr ClassRow rows[] = {
     {"NSMenuItem", "NSObject"},
     {"NSPasteboard", "NSObject"},
     {"NSPasteboardItem", "NSObject"},
-    {"NSPrintInfo", "NSObject"},
-    {"NSPrintOperation", "NSObject"},
     {"NSRunningApplication", "NSObject"},
     {"NSScreen", "NSObject"},
     {"NSSound", "NSObject"},
@@ -63,8 +60,6 @@ constexpr ClassRow rows[] = {
     {"NSToolbarItem", "NSObject"},
 
     // Text
-    {"NSLayoutManager", "NSObject"},
-    {"NSTextContainer", "NSObject"},
 
     // Foundation
     {"NSAffineTransform", "NSObject"},

@@ -144,6 +144,12 @@ bool addMethod(ClassObject* cls, SEL selector, RawFunction function) {
   return true;
 }
 
+RawFunction replaceMethod(ClassObject* cls, SEL selector, RawFunction function) {
+  const RawFunction before = std::exchange(cls->methods[selector], function);
+  forgetCaches();
+  return before;
+}
+
 const std::vector<ClassObject*>& allClasses() { return table().all; }
 
 ClassDefinition::ClassDefinition(const char* name, const char* superclass, InstanceLayout layout)

@@ -72,6 +72,8 @@ void registerClass(ClassObject* cls);
 RawFunction findMethod(ClassObject* cls, SEL selector);
 // False when the class itself has a method of that selector already; forgets what caches hold otherwise.
 bool addMethod(ClassObject* cls, SEL selector, RawFunction function);
+// The class's own method of that selector is this one from now on. Answers the one before, nil for none.
+RawFunction replaceMethod(ClassObject* cls, SEL selector, RawFunction function);
 // Every class known, for accounting.
 const std::vector<ClassObject*>& allClasses();
 

@@ -91,6 +91,12 @@ BOOL class_addMethod(Class cls, SEL selector, IMP implementation, const char*) {
   return addMethod(classObject(cls), selector, implementation) ? YES : NO;
 }
 
+IMP class_replaceMethod(Class cls, SEL selector, IMP implementation, const char*) {
+  if (cls == nullptr || selector == nullptr || implementation == nullptr) return nullptr;
+  if (!classObject(cls)->isMetaclass) link(classObject(cls));
+  return replaceMethod(classObject(cls), selector, implementation);
+}
+
 IMP class_getMethodImplementation(Class cls, SEL selector) {
   if (cls == nullptr || selector == nullptr) return nullptr;
   if (!classObject(cls)->isMetaclass) link(classObject(cls));

@@ -3,9 +3,14 @@
 
 namespace standin::formats::pictures {
 
+namespace {
+
+// What no page could show is no size.
+double sensible(double points) { return points > 0 && points <= 100'000 ? points : 0; }
+
+}  // namespace
+
 std::shared_ptr<const text::Attachment> newAttachment(std::string bytes, std::string fileName, double width, double height) {
-  // What no page could show is no size.
-  const auto sensible = [](double points) { return points > 0 && points <= 100'000 ? points : 0; };
   auto owner = std::make_shared<const std::string>(std::move(bytes));
   auto attachment = std::make_shared<text::Attachment>();
   attachment->fileName = std::move(fileName);
@@ -14,6 +19,13 @@ std::shared_ptr<const text::Attachment> newAttachment(std::string bytes, std::st
   attachment->width = sensible(width);
   attachment->height = sensible(height);
   return attachment;
+}
+
+std::shared_ptr<const text::Attachment> withSize(const text::Attachment& attachment, double width, double height) {
+  auto resized = std::make_shared<text::Attachment>(attachment);
+  resized->width = sensible(width);
+  resized->height = sensible(height);
+  return resized;
 }
 
 }  // namespace standin::formats::pictures

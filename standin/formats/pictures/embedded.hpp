@@ -11,4 +11,7 @@ namespace standin::formats::pictures {
 std::shared_ptr<const text::Attachment> newAttachment(std::string bytes, std::string fileName, double width = 0,
                                                       double height = 0);
 
+// The same picture in another size; its bytes are shared.
+std::shared_ptr<const text::Attachment> withSize(const text::Attachment& attachment, double width, double height);
+
 }  // namespace standin::formats::pictures

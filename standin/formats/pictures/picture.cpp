@@ -13,7 +13,7 @@ namespace {
 struct FormatRow {
   Format format;
   std::string_view signature;
-  const char* name;  // as the decoder calls it
+  const char* name;  // as the decoder and media types call it
   std::string_view extension;
 };
 constexpr FormatRow formats[] = {
@@ -99,6 +99,11 @@ std::string_view extensionOf(Format format) {
   return row != nullptr ? row->extension : std::string_view();
 }
 
+std::string mimeTypeOf(Format format) {
+  const FormatRow* row = rowOf(format);
+  return row != nullptr ? std::string("image/") + row->name : "";
+}
+
 std::optional<Size> sizeOf(std::span<const uint8_t> bytes) {
   if (formatOf(bytes) == Format::unknown) return std::nullopt;
   return Decoder(bytes).size();
@@ -110,6 +115,23 @@ std::optional<std::string> convert(std::span<const uint8_t> bytes, Format format
   const FormatRow* row = rowOf(format);
   if (own == Format::unknown || row == nullptr) return std::nullopt;
   return encoded(Decoder(bytes).picture().get(), row->name);
+}
+
+std::optional<Pixels> decode(std::span<const uint8_t> bytes) {
+  if (formatOf(bytes) == Format::unknown) return std::nullopt;
+  const Picture picture = Decoder(bytes).picture();
+  if (picture == nullptr) return std::nullopt;
+  Pixels pixels{{gdk_pixbuf_get_width(picture.get()), gdk_pixbuf_get_height(picture.get())}, {}, {}};
+  const bool hasOpacities = gdk_pixbuf_get_has_alpha(picture.get()) != 0;
+  const int pixelBytes = gdk_pixbuf_get_n_channels(picture.get()), rowBytes = gdk_pixbuf_get_rowstride(picture.get());
+  const auto* row = reinterpret_cast<const char*>(gdk_pixbuf_read_pixels(picture.get()));
+  for (int y = 0; y < pixels.size.height; ++y, row += rowBytes) {
+    for (const char* pixel = row; pixel < row + pixels.size.width * pixelBytes; pixel += pixelBytes) {
+      pixels.colors.append(pixel, 3);
+      if (hasOpacities) pixels.opacities += pixel[3];
+    }
+  }
+  return pixels;
 }
 
 std::optional<std::string> encode(std::span<const uint8_t> pixels, Size size) {

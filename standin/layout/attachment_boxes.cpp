@@ -1,0 +1,37 @@
+// Attachments measured.
+#include "standin/layout/attachment_boxes.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "standin/formats/pictures/picture.hpp"
+
+namespace standin::layout {
+namespace {
+
+// One pixel is a point when the attachment says nothing. A size in one direction keeps the picture's shape.
+Box pictureBox(const text::Attachment& attachment) {
+  const auto size = formats::pictures::sizeOf(attachment.contents);
+  Box box{static_cast<double>(size->width), static_cast<double>(size->height)};
+  const bool hasWidth = std::isfinite(attachment.width) && attachment.width > 0;
+  const bool hasHeight = std::isfinite(attachment.height) && attachment.height > 0;
+  if (hasWidth && hasHeight) return {attachment.width, attachment.height};
+  if (hasWidth) return {attachment.width, box.height * attachment.width / box.width};
+  if (hasHeight) return {box.width * attachment.height / box.height, attachment.height};
+  return box;
+}
+
+}  // namespace
+
+bool isPicture(const text::Attachment& attachment) { return formats::pictures::sizeOf(attachment.contents).has_value(); }
+
+Box AttachmentBoxes::of(const text::Attachment& attachment, double nameWidth) {
+  const auto [entry, isNew] = boxes_.try_emplace(&attachment);
+  if (!isNew) return entry->second;
+  const Box box =
+      isPicture(attachment) ? pictureBox(attachment) : Box{std::max(iconSide, nameWidth), iconSide + iconNameHeight};
+  const double scale = std::min({1.0, mostWidth_ / box.width, mostHeight_ / box.height});
+  return entry->second = {box.width * scale, box.height * scale};
+}
+
+}  // namespace standin::layout

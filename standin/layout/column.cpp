@@ -1,0 +1,166 @@
+// Paragraphs as lines: indents, alignment, heights and spacing.
+#include "standin/layout/column.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+namespace standin::layout {
+namespace {
+
+constexpr double mostLength = 1e5;
+
+// A length that a paragraph says, in bounds.
+double length(double value) { return std::isfinite(value) ? std::clamp(value, 0.0, mostLength) : 0; }
+
+// The platform measures lines in whole points.
+double rounded(double share, double size) { return std::round(share * size); }
+
+bool isSpaceBetweenWords(const Piece& piece) { return piece.kind == PieceKind::space; }
+bool isGap(const Piece& piece) { return piece.kind == PieceKind::word && piece.canBreakAfter; }
+
+// A heading's title is cut to so many units.
+constexpr size_t longestHeading = 200;
+
+}  // namespace
+
+Column::Column(const formats::StyledRuns& styled, Faces& faces, double width, double mostHeight)
+    : width_(std::max(width, 1.0)),
+      looks_(faces),
+      shaper_(faces),
+      boxes_(width_, std::max(mostHeight, 1.0)),
+      cutter_(looks_, shaper_, boxes_),
+      filler_(cutter_),
+      reader_(styled) {}
+
+void Column::layOut(LineTaker& taker) {
+  reader_.rewind();
+  for (uint32_t position = 0; position < reader_.size(); position = stretch_.next) {
+    reader_.read(position, stretch_);
+    if (!layOutParagraph(taker)) return;
+  }
+}
+
+bool Column::layOutParagraph(LineTaker& taker) {
+  const text::Style& style = stretch_.runs.empty() ? *stretch_.last : *stretch_.runs.front().style;
+  paragraph_ = &style.paragraph;
+  isRightToLeft_ = paragraph_->direction == text::WritingDirection::natural
+                       ? Directions::beginsRightToLeft(stretch_.units)
+                       : paragraph_->direction == text::WritingDirection::rightToLeft;
+  nameHeading();
+  for (bool isFirst = true;;) {
+    uint32_t from = stretch_.end();
+    if (!giveLinesOfStretch(taker, isFirst, from)) return false;
+    if (stretch_.endsParagraph) return true;
+    reader_.read(from, stretch_);
+  }
+}
+
+// The last line of a stretch that does not end the paragraph is left to the next stretch, which begins where the line does.
+bool Column::giveLinesOfStretch(LineTaker& taker, bool& isFirst, uint32_t& from) {
+  shaper_.forget();
+  filler_.begin(stretch_, *paragraph_, isRightToLeft_);
+  const bool isOneLine = filler_.keepsOneLine();
+  for (bool isStart = true; !filler_.isAtEnd() || (isStart && isFirst); isStart = false) {
+    const uint32_t start = filler_.isAtEnd() ? stretch_.end() : filler_.position();
+    filler_.fill(bounds(isFirst), filled_);
+    const bool isIncomplete = filler_.isAtEnd() && !stretch_.endsParagraph;
+    if (isIncomplete && !isStart && !isOneLine) return from = start, true;
+    if (!giveLine(taker, isFirst, filler_.isAtEnd() && stretch_.endsParagraph)) return false;
+    isFirst = false;
+  }
+  return true;
+}
+
+LineBounds Column::bounds(bool isFirst) const {
+  const double indent = length(isFirst ? paragraph_->firstLineIndent : paragraph_->headIndent);
+  const double tail = std::isfinite(paragraph_->tailIndent) ? paragraph_->tailIndent : 0;
+  return {indent, tail > 0 ? std::min(tail, width_) : width_ + tail};
+}
+
+bool Column::giveLine(LineTaker& taker, bool isFirst, bool isLast) {
+  place(filled_, bounds(isFirst));
+  measure();
+  line_.spaceBefore = isFirst ? length(paragraph_->spacingBefore) : 0;
+  line_.spaceAfter = length(paragraph_->lineSpacing) + (isLast ? length(paragraph_->spacingAfter) : 0);
+  line_.isRightToLeft = isRightToLeft_;
+  line_.endsPage = isLast && stretch_.endsPage;
+  line_.headingLevel = isFirst ? paragraph_->headerLevel : 0;
+  return taker.take(line_);
+}
+
+// A stretched line is filled by widening its spaces or, when it has none, the gaps between its characters; what stands
+// before its last tab stays where it is.
+void Column::justify(double missing) {
+  std::vector<Piece>& pieces = line_.pieces;
+  const auto isTab = [](const Piece& piece) { return piece.kind == PieceKind::tab; };
+  const auto first = std::find_if(pieces.rbegin(), pieces.rend(), isTab).base();
+  const auto end = std::find_if_not(pieces.rbegin(), std::make_reverse_iterator(first), [](const Piece& piece) {
+                     return isWhite(piece.kind);
+                   }).base();
+  if (end - first < 2) return;
+  for (const auto grows : {isSpaceBetweenWords, isGap}) {
+    const auto count = [&](const Piece& piece) { return piece.kind == PieceKind::space ? piece.length : 1; };
+    double total = 0;
+    for (auto piece = first; piece != end - 1; ++piece) total += grows(*piece) ? count(*piece) : 0;
+    if (total == 0) continue;
+    for (auto piece = first; piece != end - 1; ++piece) {
+      if (grows(*piece)) piece->width += missing * count(*piece) / total;
+    }
+    return;
+  }
+}
+
+void Column::place(FilledLine& filled, const LineBounds& bounds) {
+  std::swap(line_.pieces, filled.pieces);
+  const double missing = std::max(bounds.limit - bounds.indent - filled.width, 0.0);
+  auto alignment = paragraph_->alignment;
+  const bool isStretched = alignment == text::Alignment::justified && filled.isBroken && !filler_.keepsOneLine();
+  if (isStretched) justify(missing);
+  if (alignment == text::Alignment::justified || alignment == text::Alignment::natural) {
+    alignment = isRightToLeft_ ? text::Alignment::right : text::Alignment::left;
+  }
+  orderVisually(line_.pieces, isRightToLeft_);
+  const double begin = isRightToLeft_ ? width_ - bounds.limit : bounds.indent;
+  double x = begin;
+  if (!isStretched && alignment == text::Alignment::right) x += missing;
+  if (!isStretched && alignment == text::Alignment::center) x += missing / 2;
+  if (isRightToLeft_) x -= filled.whiteWidth;
+  for (Piece& piece : line_.pieces) {
+    piece.x = x;
+    x += piece.width;
+  }
+}
+
+void Column::measurePiece(const Piece& piece, double& ascent, double& descent, double& leading) {
+  const Look& look = *piece.look;
+  const FaceMeasures& face = look.choice->use.face->measures();
+  const bool hasWord = piece.word != nullptr && !piece.word->runs.empty();
+  ascent = std::max(ascent, rounded(hasWord ? piece.word->ascent : face.ascent, look.size) + std::round(look.rise));
+  descent = std::max(descent, rounded(hasWord ? piece.word->descent : face.descent, look.size) - std::round(look.rise));
+  leading = std::max(leading, rounded(hasWord ? piece.word->leading : face.leading, look.size));
+  const auto& attachment = look.style->attachment;
+  if (piece.kind != PieceKind::attachment || attachment == nullptr) return;
+  ascent = std::max(ascent, boxes_.of(*attachment, 0).height + look.rise);
+}
+
+void Column::measure() {
+  double ascent = 0, descent = 0, leading = 0;
+  for (const Piece& piece : line_.pieces) measurePiece(piece, ascent, descent, leading);
+  if (line_.pieces.empty()) {
+    const Look& look = looks_.of(*stretch_.last);
+    measurePiece({nullptr, &look, 0, 0, 0, 0, PieceKind::lineBreak}, ascent, descent, leading);
+  }
+  double height = ascent + descent + leading;
+  if (paragraph_->lineHeightMultiple > 0) height *= std::min(paragraph_->lineHeightMultiple, 100.0);
+  height = std::max(height, length(paragraph_->minimumLineHeight));
+  if (paragraph_->maximumLineHeight > 0) height = std::min(height, length(paragraph_->maximumLineHeight));
+  line_.height = height;
+  line_.baseline = height - descent - leading;
+}
+
+void Column::nameHeading() {
+  line_.heading.clear();
+  if (paragraph_->headerLevel > 0) line_.heading = stretch_.units.substr(0, longestHeading);
+}
+
+}  // namespace standin::layout

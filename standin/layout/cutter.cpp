@@ -1,0 +1,161 @@
+// Text as words, spaces, tabs and attachments, each in one look and one direction.
+#include "standin/layout/cutter.hpp"
+
+#include <unicode/unistr.h>
+#include <unicode/utf16.h>
+
+#include <algorithm>
+
+#include "standin/text/font_faces.hpp"
+
+namespace standin::layout {
+namespace {
+
+// Longer words are shaped in parts, so that breaking them takes time in proportion to their length.
+constexpr uint32_t longestWord = 256;
+
+// Nothing for what is not shown at all.
+std::optional<PieceKind> kindOf(char16_t unit) {
+  switch (unit) {
+    case u'\t':
+      return PieceKind::tab;
+    case u'\v':
+    case u'\u0085':
+    case u'\u2028':
+      return PieceKind::lineBreak;
+    case u'\u00AD':
+      return PieceKind::softHyphen;
+    case text::attachmentCharacter:
+      return PieceKind::attachment;
+    default:
+      break;
+  }
+  if (isSpace(unit)) return PieceKind::space;
+  if (unit < 0x20 || unit == 0x7F) return std::nullopt;
+  return PieceKind::word;
+}
+
+// Names longer than this are cut.
+constexpr size_t longestName = 24;
+
+}  // namespace
+
+const text::Font& iconNameFont() {
+  static const text::Font font = *text::fontNamed("Helvetica", iconNameSize);
+  return font;
+}
+
+std::u16string iconName(const text::Attachment& attachment) {
+  const icu::UnicodeString name = icu::UnicodeString::fromUTF8(attachment.fileName);
+  const std::u16string units(name.getBuffer(), static_cast<size_t>(name.length()));
+  return units.size() <= longestName ? units : units.substr(0, longestName - 1) + u'\u2026';
+}
+
+std::u16string_view Cutter::units(uint32_t from, uint32_t end) const {
+  return std::u16string_view(stretch_->units).substr(from, end - from);
+}
+
+const Look& Cutter::lookAt(uint32_t at) {
+  while (run_ + 1 < stretch_->runs.size() && stretch_->runs[run_].end <= stretch_->start + at) ++run_, look_ = nullptr;
+  if (look_ == nullptr) look_ = &looks_.of(*stretch_->runs[run_].style);
+  return *look_;
+}
+
+// How far look and direction stay the same.
+uint32_t Cutter::stop(uint32_t at, uint32_t end) {
+  lookAt(at);
+  end = std::min(end, stretch_->runs[run_].end - stretch_->start);
+  if (levels_->empty()) return end;
+  uint32_t same = at + 1;
+  while (same < end && (*levels_)[same] == (*levels_)[at]) ++same;
+  return same;
+}
+
+void Cutter::add(PieceKind kind, uint32_t from, uint32_t end, bool canBreakAfter) {
+  const Look& look = lookAt(from);
+  Piece piece{nullptr, &look, stretch_->start + from, end - from, 0, 0, kind};
+  piece.level = levels_->empty() ? uint8_t{0} : (*levels_)[from];
+  piece.canBreakAfter = canBreakAfter;
+  if (kind == PieceKind::word || kind == PieceKind::space) {
+    piece.word = &shaper_.word(units(from, end), *look.choice, (piece.level & 1) != 0);
+    piece.width = widthOf(*piece.word, look);
+  }
+  if (kind == PieceKind::attachment) addAttachment(piece);
+  pieces_->push_back(piece);
+}
+
+void Cutter::addAttachment(Piece& piece) {
+  const auto& attachment = piece.look->style->attachment;
+  if (!pieces_->empty()) pieces_->back().canBreakAfter = true;
+  if (attachment == nullptr) return;
+  const Word& name = shaper_.word(iconName(*attachment), looks_.choice(iconNameFont(), 1), false);
+  piece.width = boxes_.of(*attachment, name.width * iconNameSize).width;
+}
+
+void Cutter::cutWord(uint32_t from, uint32_t end) {
+  const std::vector<uint32_t>& breaks = breaks_.in(units(from, end));
+  auto next = breaks.begin();
+  for (uint32_t at = from; at < end;) {
+    const uint32_t wordEnd = next != breaks.end() ? from + *next : end;
+    uint32_t last = std::min(stop(at, wordEnd), at + longestWord);
+    if (last < wordEnd && last > at + 1 && U16_IS_TRAIL(stretch_->units[last])) --last;
+    const bool isBreak = last == wordEnd && wordEnd != end;
+    add(PieceKind::word, at, last, isBreak);
+    if (isBreak) ++next;
+    at = last;
+  }
+}
+
+uint32_t Cutter::cutOther(uint32_t at, PieceKind kind) {
+  uint32_t end = at + 1;
+  if (kind == PieceKind::space) {
+    const uint32_t last = stop(at, std::min(static_cast<uint32_t>(stretch_->units.size()), at + longestWord));
+    while (end < last && isSpace(stretch_->units[end])) ++end;
+  }
+  add(kind, at, end, true);
+  return end;
+}
+
+void Cutter::cut(const Stretch& stretch, bool isRightToLeft, std::vector<Piece>& pieces) {
+  stretch_ = &stretch;
+  pieces_ = &pieces;
+  levels_ = &directions_.levels(stretch.units, isRightToLeft);
+  run_ = 0;
+  look_ = nullptr;
+  pieces.clear();
+  const auto size = static_cast<uint32_t>(stretch.units.size());
+  for (uint32_t at = 0; at < size && !stretch.runs.empty();) {
+    const auto kind = kindOf(stretch.units[at]);
+    if (kind && *kind != PieceKind::word) {
+      at = cutOther(at, *kind);
+      continue;
+    }
+    uint32_t end = at + (kind ? 0 : 1);
+    while (kind && end < size && kindOf(stretch.units[end]) == kind) ++end;
+    if (kind) cutWord(at, end);
+    at = end;
+  }
+}
+
+Piece Cutter::replacement(std::u16string_view shown, const Piece& place) {
+  Piece piece = place;
+  piece.kind = PieceKind::word;
+  piece.word = &shaper_.word(shown, *place.look->choice, (place.level & 1) != 0);
+  piece.width = widthOf(*piece.word, *place.look);
+  return piece;
+}
+
+Piece Cutter::head(const Piece& piece, std::u16string_view shown) {
+  Piece head = replacement(shown, piece);
+  head.length = static_cast<uint32_t>(shown.size());
+  return head;
+}
+
+Piece Cutter::tail(const Piece& piece, std::u16string_view shown) {
+  Piece tail = replacement(shown, piece);
+  tail.length = static_cast<uint32_t>(shown.size());
+  tail.start = piece.start + piece.length - tail.length;
+  return tail;
+}
+
+}  // namespace standin::layout

@@ -1,0 +1,91 @@
+// Fonts whose glyphs draw images.
+#include "standin/layout/pdf/pictorial_font.hpp"
+
+#include <hb-ot.h>
+
+#include <algorithm>
+#include <span>
+
+#include "standin/layout/pdf/images.hpp"
+#include "standin/layout/pdf/syntax.hpp"
+#include "standin/layout/pdf/unicode_map.hpp"
+
+namespace standin::layout::pdf {
+namespace {
+
+// Code 0 stays free.
+constexpr size_t glyphsInFont = 255;
+
+std::string fontName(size_t number) { return "P" + std::to_string(number / glyphsInFont); }
+
+// What draws the glyph, in thousandths of the size; the image reaches as far as the face says.
+std::string glyphOperators(const Face& face, uint32_t glyph, const std::string& image) {
+  const double scale = 1000 / face.unitsPerEm();
+  std::string out;
+  const auto numbers = [&](std::initializer_list<double> values) {
+    for (const double value : values) {
+      appendNumber(out, value);
+      out += ' ';
+    }
+  };
+  numbers({face.advance(glyph) * scale, 0});
+  out += "d0\n";
+  hb_glyph_extents_t extents{};
+  hb_font_get_glyph_extents(face.font(), glyph, &extents);
+  if (image.empty()) return out;
+  numbers({extents.width * scale, 0, 0, -extents.height * scale, extents.x_bearing * scale,
+           (extents.y_bearing + extents.height) * scale});
+  return out += "cm /" + image + " Do\n";
+}
+
+}  // namespace
+
+PictorialFonts::Place PictorialFonts::place(const Face& face, uint32_t glyph, std::u16string_view text) {
+  const auto [entry, isNew] = numbers_.try_emplace({&face, glyph}, glyphs_.size());
+  if (isNew) glyphs_.push_back({&face, glyph, std::u16string(text)});
+  return {fontName(entry->second), static_cast<uint8_t>(entry->second % glyphsInFont + 1)};
+}
+
+int PictorialFonts::writeGlyph(const Glyph& glyph, std::string& images) {
+  hb_blob_t* png = hb_ot_color_glyph_reference_png(glyph.face->font(), glyph.glyph);
+  unsigned size = 0;
+  const char* bytes = hb_blob_get_data(png, &size);
+  const int image = writeImage(file_, {reinterpret_cast<const uint8_t*>(bytes), size});
+  hb_blob_destroy(png);
+  const std::string name = "E" + std::to_string(image);
+  if (image != 0) images += '/' + name + ' ' + reference(image);
+  const int object = file_.reserve();
+  file_.putStream(object, "", glyphOperators(*glyph.face, glyph.glyph, image != 0 ? name : ""));
+  return object;
+}
+
+std::string PictorialFonts::writeFont(size_t first, size_t end) {
+  std::string images, procedures, differences, widths;
+  std::map<uint32_t, std::u16string> texts;
+  for (size_t index = first; index < end; ++index) {
+    const Glyph& glyph = glyphs_[index];
+    const std::string name = "/g" + std::to_string(index - first + 1);
+    procedures += name + ' ' + reference(writeGlyph(glyph, images));
+    differences += name;
+    appendNumber(widths, glyph.face->advance(glyph.glyph) * 1000 / glyph.face->unitsPerEm());
+    widths += ' ';
+    texts[static_cast<uint32_t>(index - first + 1)] = glyph.text;
+  }
+  const int object = file_.reserve(), map = file_.reserve();
+  file_.putStream(map, "", unicodeMap(texts, false));
+  file_.put(object, "<</Type/Font/Subtype/Type3/FontBBox[0 0 0 0]/FontMatrix[.001 0 0 .001 0 0]/CharProcs<<" + procedures +
+                        ">>/Encoding<</Type/Encoding/Differences[1" + differences + "]>>/FirstChar 1/LastChar " +
+                        std::to_string(end - first) + "/Widths[" + widths + "]/Resources<</XObject<<" + images +
+                        ">>>>/ToUnicode " + reference(map) + ">>");
+  return '/' + fontName(first) + ' ' + reference(object);
+}
+
+std::string PictorialFonts::finish() {
+  std::string entries;
+  for (size_t first = 0; first < glyphs_.size(); first += glyphsInFont) {
+    entries += writeFont(first, std::min(first + glyphsInFont, glyphs_.size()));
+  }
+  return entries;
+}
+
+}  // namespace standin::layout::pdf

@@ -1,0 +1,60 @@
+// What pages share, collected while they are written.
+#include "standin/layout/pdf/resources.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "standin/layout/pdf/embedded_font.hpp"
+#include "standin/layout/pdf/images.hpp"
+#include "standin/layout/pdf/syntax.hpp"
+
+namespace standin::layout::pdf {
+
+Resources::Resources(File& file) : file_(file), object_(file.reserve()), pictorial_(file) {}
+
+const std::string& Resources::fontName(const Face& face) {
+  const auto [entry, isNew] = fonts_.try_emplace(&face);
+  if (isNew) {
+    entry->second = {"F" + std::to_string(fonts_.size()), file_.reserve()};
+    fontOrder_.push_back(&face);
+  }
+  return entry->second.name;
+}
+
+PictorialFonts::Place Resources::pictorialGlyph(const Face& face, uint32_t glyph, std::u16string_view text) {
+  return pictorial_.place(face, glyph, text);
+}
+
+const std::string& Resources::imageName(const text::Attachment& attachment) {
+  const auto [entry, isNew] = images_.try_emplace(&attachment);
+  if (!isNew) return entry->second;
+  if (const int object = writeImage(file_, attachment.contents); object != 0) {
+    entry->second = "I" + std::to_string(object);
+    imageEntries_ += '/' + entry->second + ' ' + reference(object);
+  }
+  return entry->second;
+}
+
+std::string Resources::opacityName(double alpha) {
+  const int percent = static_cast<int>(std::lround(std::clamp(alpha, 0.0, 1.0) * 100));
+  opacities_.insert(percent);
+  return "A" + std::to_string(percent);
+}
+
+void Resources::finish() {
+  std::string entries = "<</Font<<";
+  for (size_t index = 0; index < fontOrder_.size(); ++index) {
+    const Font& font = fonts_.at(fontOrder_[index]);
+    writeFont(file_, font.object, *fontOrder_[index], static_cast<int>(index) + 1);
+    entries += '/' + font.name + ' ' + reference(font.object);
+  }
+  entries += pictorial_.finish() + ">>/XObject<<" + imageEntries_ + ">>/ExtGState<<";
+  for (const int percent : opacities_) {
+    std::string alpha;
+    appendNumber(alpha, percent / 100.0);
+    entries += "/A" + std::to_string(percent) + "<</ca " + alpha + "/CA " + alpha + ">>";
+  }
+  file_.put(object_, entries + ">>>>");
+}
+
+}  // namespace standin::layout::pdf

@@ -1,0 +1,49 @@
+// The fonts, images and opacities that the pages of a document share, by the names that their content uses.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "standin/layout/face.hpp"
+#include "standin/layout/pdf/file.hpp"
+#include "standin/layout/pdf/pictorial_font.hpp"
+#include "standin/text/attachment.hpp"
+
+namespace standin::layout::pdf {
+
+class Resources {
+ public:
+  explicit Resources(File& file);
+
+  // The object that pages name.
+  int object() const { return object_; }
+  // "F3": the name of a face whose codes are its glyphs.
+  const std::string& fontName(const Face& face);
+  // Where a glyph that is a picture is found: the name of a font, and a code in it.
+  PictorialFonts::Place pictorialGlyph(const Face& face, uint32_t glyph, std::u16string_view text);
+  // The name of the picture, which is written the first time; empty when it cannot be decoded.
+  const std::string& imageName(const text::Attachment& attachment);
+  std::string opacityName(double alpha);
+
+  // Writes the fonts with the glyphs that are used, and the list of everything.
+  void finish();
+
+ private:
+  struct Font {
+    std::string name;
+    int object;
+  };
+
+  File& file_;
+  const int object_;
+  std::map<const Face*, Font> fonts_;
+  std::vector<const Face*> fontOrder_;
+  PictorialFonts pictorial_;
+  std::map<const text::Attachment*, std::string> images_;
+  std::string imageEntries_;
+  std::set<int> opacities_;  // per cent
+};
+
+}  // namespace standin::layout::pdf
