@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace standin::text {
@@ -40,6 +41,7 @@ struct AttributeTable {
   std::array<Remembered, 1024> remembered;
 
   AttributeHandle vacantEntry();
+  void reserveEntries(size_t count);
 };
 
 uint32_t* AttributeSet::references_ = countOfEmptySet;
@@ -75,6 +77,37 @@ bool matches(const Entry& entry, std::span<const Attribute> attributes) {
                     });
 }
 
+// Attributes with a reference to each key and value, given back at the end unless they are taken.
+class HeldAttributes {
+ public:
+  explicit HeldAttributes(std::span<const Attribute> attributes) {
+    held_.reserve(attributes.size());
+    try {
+      for (const Attribute& attribute : attributes) {
+        held_.push_back({functions.copyKey(attribute.key), nullptr});
+        held_.back().value = functions.retain(attribute.value);
+      }
+    } catch (...) {
+      release();
+      throw;
+    }
+  }
+  HeldAttributes(const HeldAttributes&) = delete;
+  ~HeldAttributes() { release(); }
+
+  std::vector<Attribute> take() { return std::exchange(held_, {}); }
+
+ private:
+  void release() {
+    for (const Attribute& attribute : held_) {
+      functions.release(attribute.key);
+      if (attribute.value != nullptr) functions.release(attribute.value);
+    }
+  }
+
+  std::vector<Attribute> held_;
+};
+
 // The set of these attributes, which are in order and of which no two keys are equal.
 AttributeSet intern(std::span<const Attribute> ordered) {
   if (ordered.empty()) return {};
@@ -84,17 +117,18 @@ AttributeSet intern(std::span<const Attribute> ordered) {
   for (auto candidate = first; candidate != last; ++candidate) {
     if (matches(sets.entries[candidate->second], ordered)) return AttributeSet(candidate->second);
   }
-  std::vector<Attribute> held;
-  held.reserve(ordered.size());
-  for (const Attribute& attribute : ordered) {
-    held.push_back({functions.copyKey(attribute.key), functions.retain(attribute.value)});
+  HeldAttributes held(ordered);
+  const auto place = sets.byHash.emplace(hash, 0);
+  try {
+    place->second = sets.vacantEntry();
+  } catch (...) {
+    sets.byHash.erase(place);
+    throw;
   }
-  const AttributeHandle handle = sets.vacantEntry();
-  Entry& entry = sets.entries[handle];
+  Entry& entry = sets.entries[place->second];
   entry.hash = hash;
-  entry.attributes = std::move(held);
-  sets.byHash.emplace(hash, handle);
-  return AttributeSet(handle);
+  entry.attributes = held.take();
+  return AttributeSet(place->second);
 }
 
 const Attribute* findIn(std::span<const Attribute> attributes, AttributeObject key) {
@@ -148,16 +182,24 @@ std::vector<Attribute> listOf(std::span<const Attribute> attributes) { return {a
 
 void installAttributeFunctions(const AttributeFunctions& installed) { functions = installed; }
 
+// Room comes first, so that a failure leaves the table as it was, and so that freeing a set never needs memory.
+void AttributeTable::reserveEntries(size_t count) {
+  vacant.reserve(count);
+  entries.reserve(count);
+  references.reserve(count);
+  if (AttributeSet::references_ == countOfEmptySet) references[0] = countOfEmptySet[0];
+  AttributeSet::references_ = references.data();
+}
+
 AttributeHandle AttributeTable::vacantEntry() {
   if (!vacant.empty()) {
     const AttributeHandle handle = vacant.back();
     vacant.pop_back();
     return handle;
   }
+  if (entries.size() == references.capacity()) reserveEntries(2 * entries.size());
   entries.emplace_back();
   references.push_back(0);
-  if (entries.size() == 2) references[0] = countOfEmptySet[0];
-  AttributeSet::references_ = references.data();
   return static_cast<AttributeHandle>(entries.size() - 1);
 }
 

@@ -202,6 +202,12 @@ std::string raisedException() {
   return exception.className() + ": " + exception.message();
 }
 
+void dropEverythingSince(const host::LiveCounts& before) {
+  while (host::HostObject::live().count() > before.objects) host::HostObject::live().first()->unlock();
+  while (host::HostString::live().count() > before.strings) host::HostString::live().first()->unlock();
+  while (host::HostText::live().count() > before.texts) host::HostText::live().first()->unlock();
+}
+
 BridgeTest::BridgeTest() {
   static const bool started = [] {
     if (runtime().findClass("NSAttributedStringZKT") == nullptr) {

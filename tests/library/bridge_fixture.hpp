@@ -56,6 +56,9 @@ Signature* hostService(const char* name) {
 // The message of the host exception that was raised since the last call, with its class; or "".
 std::string raisedException();
 
+// Takes back what a library that could not unlock left with the host.
+void dropEverythingSince(const host::LiveCounts& before);
+
 // Each test begins with no service looked up, no fault and no registry, and ends with every host value given back.
 class BridgeTest : public testing::Test {
  protected:

@@ -76,13 +76,6 @@ std::vector<std::string> session() {
   return results;
 }
 
-// What cannot be unlocked stays with the host.
-void dropEverythingSince(const host::LiveCounts& before) {
-  while (host::HostObject::live().count() > before.objects) host::HostObject::live().first()->unlock();
-  while (host::HostString::live().count() > before.strings) host::HostString::live().first()->unlock();
-  while (host::HostText::live().count() > before.texts) host::HostText::live().first()->unlock();
-}
-
 // "1 3" when the second and the fourth step gave something else.
 std::string differences(const std::vector<std::string>& results, const std::vector<std::string>& full) {
   std::string steps;
@@ -134,7 +127,7 @@ TEST_F(MissingServices, CostWhatNeedsThemAndNothingElse) {
       EXPECT_EQ(runtime().live(), before) << runtime().describeLive();
     }
     allOn();
-    dropEverythingSince(before);
+    bridge_test::dropEverythingSince(before);
     EXPECT_EQ(session(), full) << "once the service is there again";
     EXPECT_EQ(runtime().live(), before) << runtime().describeLive();
   }
