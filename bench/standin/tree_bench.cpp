@@ -108,7 +108,7 @@ void insertAndDeleteStyledUnit(benchmark::State& state) {
   Positions positions(styled.length() - 1);
   for (auto _ : state) {
     const uint32_t at = positions.next();
-    styled.splice(at, 0, unit, styled.inheritedAttributes(at, 0));
+    styled.splice(at, 0, unit);
     styled.splice(positions.next(), 1, Text(), AttributeSet());
   }
   state.SetItemsProcessed(2 * static_cast<int64_t>(state.iterations()));

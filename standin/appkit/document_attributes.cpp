@@ -48,6 +48,7 @@ const IntegerRow integerRows[] = {
     {&NSViewZoomDocumentAttribute, &DocumentInformation::viewZoom},
     {&NSReadOnlyDocumentAttribute, &DocumentInformation::readOnly},
     {&NSCocoaVersionDocumentAttribute, &DocumentInformation::rtfVersion},
+    {&NSPrefixSpacesDocumentAttribute, &DocumentInformation::prefixSpaces},
 };
 
 struct TextRow {
@@ -125,6 +126,23 @@ std::u16string joinedKeywords(NSArray* words) {
   return text;
 }
 
+// Of other objects in the array nothing is known.
+std::vector<std::string> namesIn(NSArray* array) {
+  std::vector<std::string> names;
+  for (NSObject* name : foundation::arraySpan(array)) {
+    if (foundation::isString(name)) names.push_back(foundation::utf8Of(static_cast<NSString*>(name)));
+  }
+  return names;
+}
+
+// What HTML is to be written with.
+void takeMarkup(NSDictionary* attributes, DocumentInformation& information) {
+  if (NSString* name = typed<NSString>(attributes, NSTextEncodingNameDocumentAttribute))
+    information.textEncodingName = foundation::utf8Of(name);
+  if (NSArray* excluded = typed<NSArray>(attributes, NSExcludedElementsDocumentAttribute))
+    information.excludedElements = namesIn(excluded);
+}
+
 // Both lengths or neither.
 void addSize(NSMutableDictionary* attributes, NSString* key, const std::optional<double>& width,
              const std::optional<double>& height) {
@@ -180,6 +198,8 @@ NSDictionary* documentAttributesOf(const DocumentInformation& document, NSString
   for (const RealRow& row : realRows) setNumber(*row.key, document.*row.member);
   for (const IntegerRow& row : integerRows) setNumber(*row.key, document.*row.member);
   setNumber(NSCharacterEncodingDocumentAttribute, document.characterEncoding);
+  if (!document.textEncodingName.empty())
+    foundation::set(attributes, NSTextEncodingNameDocumentAttribute, foundation::newString(document.textEncodingName));
   if (document.background) foundation::set(attributes, NSBackgroundColorDocumentAttribute, newColor(*document.background));
   addProperties(attributes, document.properties);
   return attributes.autorelease();
@@ -203,6 +223,7 @@ DocumentInformation informationOf(NSDictionary* attributes) {
     found.characterEncoding = static_cast<uint64_t>(foundation::integerOf(encoding));
   if (NSColor* color = typed<NSColor>(attributes, NSBackgroundColorDocumentAttribute)) found.background = colorOf(color);
   takeProperties(attributes, found.properties);
+  takeMarkup(attributes, found);
   return found;
 }
 

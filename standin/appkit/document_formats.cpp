@@ -5,13 +5,25 @@
 
 #include "standin/appkit/document_attributes.hpp"
 #include "standin/appkit/file_wrapper.hpp"
+#include "standin/appkit/html_options.hpp"
 #include "standin/appkit/rtfd.hpp"
 #include "standin/appkit/style.hpp"
+#include "standin/appkit/web_documents.hpp"
+#include "standin/formats/doc/reader.hpp"
+#include "standin/formats/doc/writer.hpp"
+#include "standin/formats/docx/reader.hpp"
+#include "standin/formats/docx/writer.hpp"
+#include "standin/formats/odt/reader.hpp"
+#include "standin/formats/odt/writer.hpp"
 #include "standin/formats/plain/reader.hpp"
 #include "standin/formats/plain/writer.hpp"
 #include "standin/formats/rtf/reader.hpp"
 #include "standin/formats/rtf/writer.hpp"
 #include "standin/formats/signatures.hpp"
+#include "standin/formats/simple_text/reader.hpp"
+#include "standin/formats/webarchive/reader.hpp"
+#include "standin/formats/wordml/reader.hpp"
+#include "standin/formats/wordml/writer.hpp"
 #include "standin/foundation/collections.hpp"
 #include "standin/foundation/data.hpp"
 #include "standin/foundation/number.hpp"
@@ -53,7 +65,19 @@ std::optional<Document> readPlain(const DocumentSource& source) {
   return document;
 }
 
+std::optional<Document> readWebArchive(const DocumentSource& source) {
+  return formats::webarchive::read(source.bytes, htmlOptionsOf(source));
+}
+
+std::optional<Document> readSimpleText(const DocumentSource& source) { return formats::simple_text::read(source.bytes); }
+
 std::optional<Document> readRTFBytes(const DocumentSource& source) { return formats::rtf::read(source.bytes); }
+std::optional<Document> readDocBytes(const DocumentSource& source) { return formats::doc::read(source.bytes); }
+
+std::optional<Document> readODT(const DocumentSource& source) { return formats::odt::read(source.bytes); }
+
+std::optional<Document> readOfficeOpenXML(const DocumentSource& source) { return formats::docx::read(source.bytes); }
+std::optional<Document> readWordML(const DocumentSource& source) { return formats::wordml::read(source.bytes); }
 
 std::optional<Document> readRTFDSource(const DocumentSource& source) {
   return source.package != nullptr ? readRTFD(source.package) : readRTFD(source.bytes);
@@ -71,12 +95,33 @@ Owned<NSData> writeRTF(ExportedRuns& exported, const DocumentInformation& inform
   return foundation::newData(formats::rtf::write(exported.runs(), information));
 }
 
+Owned<NSData> writeDoc(ExportedRuns& exported, const DocumentInformation& information) {
+  exported.embedPictures();
+  auto bytes = formats::doc::write(exported.runs(), information);
+  return bytes ? foundation::newData(*std::move(bytes)) : nullptr;
+}
+
+Owned<NSData> writeODT(ExportedRuns& exported, const DocumentInformation& information) {
+  exported.embedPictures();
+  auto bytes = formats::odt::write(exported.runs(), information);
+  return bytes ? foundation::newData(*std::move(bytes)) : nullptr;
+}
+
+// Formats that hold pictures in their text.
+template <std::optional<std::string> (*write)(const formats::StyledRuns&, const DocumentInformation&)>
+Owned<NSData> writeWithPictures(ExportedRuns& exported, const DocumentInformation& information) {
+  exported.embedPictures();
+  auto bytes = write(exported.runs(), information);
+  return bytes ? foundation::newData(*std::move(bytes)) : nullptr;
+}
+
 struct DocumentFormat {
   NSString* const* type;
   std::initializer_list<std::string_view> extensions;
   bool (*hasSignature)(std::string_view);  // nil: any bytes may be one
   std::optional<Document> (*read)(const DocumentSource&);
   Owned<NSData> (*write)(ExportedRuns&, const DocumentInformation&);
+  bool (*isEncrypted)(std::span<const uint8_t>) = nullptr;  // nil: no document of the format is
 };
 
 // In the order in which content is looked at. What has no reader or no writer is still missing: such documents answer nil
@@ -84,13 +129,22 @@ struct DocumentFormat {
 const DocumentFormat formatTable[] = {
     {&NSRTFTextDocumentType, {"rtf"}, formats::looksLikeRTF, readRTFBytes, writeRTF},
     {&NSRTFDTextDocumentType, {"rtfd"}, formats::looksLikeFileArchive, readRTFDSource, newRTFDData},
-    {&NSWebArchiveTextDocumentType, {"webarchive"}, formats::looksLikeWebArchive, nullptr, nullptr},
-    {&NSWordMLTextDocumentType, {"xml"}, formats::looksLikeWordML, nullptr, nullptr},
-    {&NSHTMLTextDocumentType, {"html", "htm", "xhtml"}, formats::looksLikeHTML, nullptr, nullptr},
-    {&NSDocFormatTextDocumentType, {"doc"}, formats::looksLikeCompoundFile, nullptr, nullptr},
-    {&NSOfficeOpenXMLTextDocumentType, {"docx"}, formats::looksLikeOfficeOpenXML, nullptr, nullptr},
-    {&NSOpenDocumentTextDocumentType, {"odt"}, formats::looksLikeOpenDocument, nullptr, nullptr},
-    {&NSMacSimpleTextDocumentType, {}, nullptr, nullptr, nullptr},
+    {&NSWebArchiveTextDocumentType, {"webarchive"}, formats::looksLikeWebArchive, readWebArchive, newWebArchiveData},
+    {&NSWordMLTextDocumentType, {"xml"}, formats::looksLikeWordML, readWordML, writeWithPictures<formats::wordml::write>},
+    {&NSHTMLTextDocumentType, {"html", "htm", "xhtml"}, formats::looksLikeHTML, readHTML, newHTMLData},
+    {&NSDocFormatTextDocumentType,
+     {"doc"},
+     formats::looksLikeCompoundFile,
+     readDocBytes,
+     writeDoc,
+     formats::doc::isEncrypted},
+    {&NSOfficeOpenXMLTextDocumentType,
+     {"docx"},
+     formats::looksLikeOfficeOpenXML,
+     readOfficeOpenXML,
+     writeWithPictures<formats::docx::write>},
+    {&NSOpenDocumentTextDocumentType, {"odt", "ott", "fodt", "sxw"}, formats::looksLikeOpenDocument, readODT, writeODT},
+    {&NSMacSimpleTextDocumentType, {}, nullptr, readSimpleText, newSimpleTextData},
     {&NSPlainTextDocumentType, {"txt", "text"}, nullptr, readPlain, writePlain},
 };
 const DocumentFormat& plainFormat = formatTable[std::size(formatTable) - 1];
@@ -150,16 +204,23 @@ Owned<NSError> typeError(NSObject* type, DocumentErrorCode code) {
   return newError(NSCocoaErrorDomain, code, subject + " These can be " + can + ".");
 }
 
-// The types whose documents are characters alone fail over their encoding.
+// The types whose documents are characters alone, which have no signature, fail over their encoding.
 Owned<NSError> contentError(const DocumentFormat& format, bool reading) {
   const std::string type = foundation::utf8Of(*format.type);
-  if (&format != &plainFormat) {
+  if (format.hasSignature != nullptr) {
     return newError(NSCocoaErrorDomain, reading ? foundation::fileReadCorruptFile : foundation::fileWriteUnknown,
                     "The document cannot be " + std::string(reading ? "read" : "written") + " as " + type + ".");
   }
   return newError(NSCocoaErrorDomain, reading ? readInapplicableEncoding : writeInapplicableEncoding,
                   reading ? "The document is no text in the encoding that was asked for."
                           : "The text has characters that the encoding lacks.");
+}
+
+Owned<NSError> readError(const DocumentFormat& format, const DocumentSource& source) {
+  const bool isEncrypted = format.isEncrypted != nullptr && format.isEncrypted(source.bytes);
+  return isEncrypted ? newError(NSCocoaErrorDomain, foundation::fileReadCorruptFile,
+                                "The document is encrypted, and cannot be read without its password.")
+                     : contentError(format, true);
 }
 
 // The format to write, with its error when there is none.
@@ -182,7 +243,7 @@ std::optional<FoundDocument> readDocument(const DocumentSource& source, NSError*
   }
   std::optional<Document> document = format->read(source);
   if (!document) {
-    foundation::report(error, contentError(*format, true));
+    foundation::report(error, readError(*format, source));
     return std::nullopt;
   }
   return FoundDocument{*std::move(document), *format->type};

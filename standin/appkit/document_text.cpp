@@ -11,10 +11,9 @@
 namespace standin::appkit {
 namespace {
 
-// Pictures that documents hold in their text.
+// Pictures that documents hold in their text; of these, a writer leaves out those that its format does not.
 bool canBeEmbedded(std::span<const uint8_t> bytes) {
-  const auto format = formats::pictures::formatOf(bytes);
-  return format == formats::pictures::Format::png || format == formats::pictures::Format::jpeg;
+  return formats::pictures::formatOf(bytes) != formats::pictures::Format::unknown;
 }
 
 // The attachment's file, autoreleased; nil when it has none.

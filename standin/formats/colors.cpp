@@ -208,14 +208,19 @@ text::Color colorOf(uint8_t red, uint8_t green, uint8_t blue) {
   return {text::ColorSpace::calibratedRGB, {red / 255.0, green / 255.0, blue / 255.0, 0}, 1};
 }
 
-std::string hexOf(const text::Color& color) {
+ColorBytes bytesOf(const text::Color& color) {
   const text::Color rgb = text::convert(color, text::ColorSpace::calibratedRGB);
-  std::string hex;
-  for (size_t index = 0; index < 3; ++index) {
+  ColorBytes bytes;
+  for (size_t index = 0; index < bytes.size(); ++index) {
     const double component = std::isfinite(rgb.components[index]) ? std::clamp(rgb.components[index], 0.0, 1.0) : 0;
-    const auto byte = static_cast<size_t>(std::lround(component * 255));
-    (hex += "0123456789abcdef"[byte >> 4]) += "0123456789abcdef"[byte & 15];
+    bytes[index] = static_cast<uint8_t>(std::lround(component * 255));
   }
+  return bytes;
+}
+
+std::string hexOf(const text::Color& color) {
+  std::string hex;
+  for (const uint8_t byte : bytesOf(color)) (hex += "0123456789abcdef"[byte >> 4]) += "0123456789abcdef"[byte & 15];
   return hex;
 }
 

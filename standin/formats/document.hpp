@@ -41,6 +41,10 @@ struct DocumentInformation {
   std::optional<int> rtfVersion;                // of the platform that wrote it
   std::optional<text::Color> background;
   std::optional<uint64_t> characterEncoding;  // NSString's number, of plain text
+  std::string textEncodingName;               // of HTML, as the registry of character sets has it
+  // Of HTML that is written: elements that it must do without (absent: the usual ones), and spaces for each level of nesting.
+  std::optional<std::vector<std::string>> excludedElements;
+  std::optional<int> prefixSpaces;
 };
 
 struct Document : DocumentInformation {

@@ -1,10 +1,10 @@
 // Styles interned by hash, and runs of one style joined.
 #include "standin/formats/document_builder.hpp"
 
-#include <unicode/utf8.h>
-
 #include <algorithm>
 #include <functional>
+
+#include "standin/formats/utf8.hpp"
 
 namespace standin::formats {
 namespace {
@@ -20,24 +20,37 @@ void mix(size_t& hash, const std::optional<text::Color>& color) {
   for (const double component : color->components) mix(hash, component);
 }
 
-// Of the members in which styles of one document mostly differ.
+void mix(size_t& hash, const text::Paragraph& paragraph) {
+  using P = text::Paragraph;
+  mix(hash, static_cast<int>(paragraph.alignment) + 16 * static_cast<int>(paragraph.direction) + 64 * paragraph.headerLevel);
+  for (const auto length :
+       {&P::firstLineIndent, &P::headIndent, &P::tailIndent, &P::spacingBefore, &P::spacingAfter, &P::lineSpacing,
+        &P::minimumLineHeight, &P::maximumLineHeight, &P::lineHeightMultiple, &P::defaultTabInterval}) {
+    mix(hash, paragraph.*length);
+  }
+  if (!paragraph.tabs) return;
+  for (const text::TabStop& tab : *paragraph.tabs) mix(hash, tab.position + static_cast<double>(tab.kind));
+}
+
+// Of all members that documents can give many values: a document whose styles share a hash would be slow to read.
 size_t hashOf(const text::Style& style) {
-  size_t hash =
-      style.underline + 31u * static_cast<unsigned>(style.strikethrough) + 961u * static_cast<unsigned>(style.superscript);
+  using S = text::Style;
+  size_t hash = 0;
+  for (const auto number : {&S::underline, &S::strikethrough, &S::superscript}) mix(hash, style.*number);
   if (style.font) {
     mix(hash, style.font->name);
     mix(hash, style.font->size);
     mix(hash, style.font->traits);
   }
-  mix(hash, style.foreground);
-  mix(hash, style.background);
+  for (const auto color : {&S::foreground, &S::background, &S::underlineColor, &S::strikethroughColor, &S::strokeColor}) {
+    mix(hash, style.*color);
+  }
+  for (const auto number : {&S::baselineOffset, &S::kern, &S::expansion, &S::strokeWidth, &S::obliqueness}) {
+    mix(hash, style.*number);
+  }
   mix(hash, style.link);
   mix(hash, static_cast<const void*>(style.attachment.get()));
-  mix(hash, static_cast<int>(style.paragraph.alignment));
-  mix(hash, style.paragraph.headIndent);
-  mix(hash, style.paragraph.firstLineIndent);
-  mix(hash, style.paragraph.spacingBefore);
-  mix(hash, style.paragraph.spacingAfter);
+  mix(hash, style.paragraph);
   return hash;
 }
 
@@ -73,14 +86,7 @@ void DocumentBuilder::append(char16_t unit, uint32_t style) {
 
 void DocumentBuilder::appendUTF8(std::string_view text, uint32_t style) {
   const size_t before = document.text.size();
-  const auto length = static_cast<int32_t>(text.size());
-  const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
-  for (int32_t at = 0; at < length;) {
-    UChar32 character;
-    U8_NEXT_OR_FFFD(bytes, at, length, character);
-    if (character > 0xFFFF) document.text += static_cast<char16_t>(U16_LEAD(character));
-    document.text += static_cast<char16_t>(character > 0xFFFF ? U16_TRAIL(character) : character);
-  }
+  appendUnits(document.text, text);
   extend(static_cast<uint32_t>(document.text.size() - before), style);
 }
 

@@ -61,7 +61,8 @@ void overlay(Formatting& under, const Formatting& over) {
 text::Style styleOf(const CharacterFormatting& formatting);
 text::Paragraph paragraphOf(const ParagraphFormatting& formatting);
 
-// Named styles, each with a parent. A style that is its own ancestor inherits nothing past the point where it meets itself.
+// Named styles, each with a parent. A style that is its own ancestor inherits nothing past the point where it meets itself,
+// and none inherits from more ancestors than real documents have, so that long chains stay cheap.
 template <class Key, class Formatting>
 class StyleSheet {
  public:
@@ -81,10 +82,13 @@ class StyleSheet {
     Formatting own;
   };
 
+  static constexpr size_t mostAncestors = 64;
+
   Formatting resolveAncestry(const Key& name) const {
     std::vector<const Formatting*> chain;
     std::set<Key> met;
-    for (auto style = styles_.find(name); style != styles_.end() && met.insert(style->first).second;) {
+    for (auto style = styles_.find(name);
+         style != styles_.end() && chain.size() < mostAncestors && met.insert(style->first).second;) {
       chain.push_back(&style->second.own);
       style = style->second.parent ? styles_.find(*style->second.parent) : styles_.end();
     }

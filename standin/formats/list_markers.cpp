@@ -41,6 +41,8 @@ std::u16string ordinal(int number) {
   return decimal(number) + (teen || ones > 3 || ones < 1 ? u"th" : ones == 1 ? u"st" : ones == 2 ? u"nd" : u"rd");
 }
 
+constexpr size_t longestMarker = 255;  // and pattern, in units; what is beyond is cut off
+
 int held(int level) { return std::clamp(level, 0, listLevels - 1); }
 
 }  // namespace
@@ -78,8 +80,8 @@ std::u16string ListCounters::next(const std::array<ListLevel, listLevels>& level
   counts_[at] = counting_[at] ? std::min(counts_[at] + 1, greatest) : levels[at].start;
   counting_[at] = true;
   for (size_t below = at + 1; below < counting_.size(); ++below) counting_[below] = false;
-  const std::u16string& pattern = levels[at].pattern;
-  if (levels[at].format == NumberFormat::bullet) return pattern;
+  const std::u16string_view pattern = std::u16string_view(levels[at].pattern).substr(0, longestMarker);
+  if (levels[at].format == NumberFormat::bullet) return std::u16string(pattern);
   std::u16string marker;
   for (size_t index = 0; index < pattern.size(); ++index) {
     const bool isPlace =
@@ -91,6 +93,7 @@ std::u16string ListCounters::next(const std::array<ListLevel, listLevels>& level
     const auto place = static_cast<size_t>(pattern[++index] - u'1');
     if (place <= at) marker += numberText(levels[place].format, counts_[place]);
   }
+  if (marker.size() > longestMarker) marker.resize(longestMarker);
   return marker;
 }
 
@@ -103,6 +106,24 @@ void ListCounters::restart(int level, int number) {
 std::u16string markerText(std::u16string_view marker) {
   if (marker.empty()) return {};
   return u"\t" + std::u16string(marker) + u"\t";
+}
+
+// The tab in front of the marker goes to the first stop that lies behind the place where the line starts, the one behind it
+// to a stop of the paragraph's own or to where its other lines start.
+void layOutMarker(text::Paragraph& paragraph) {
+  constexpr double leastPlace = 1;
+  const double place = std::max(paragraph.firstLineIndent, leastPlace);
+  std::vector<text::TabStop> stops = {{place, text::TabKind::left}};
+  for (const text::TabStop& own : paragraph.tabs.value_or(std::vector<text::TabStop>())) {
+    if (own.position > place) stops.push_back(own);
+  }
+  const auto isHead = [&](const text::TabStop& stop) { return stop.position == paragraph.headIndent; };
+  if (paragraph.headIndent > place && std::none_of(stops.begin(), stops.end(), isHead)) {
+    stops.push_back({paragraph.headIndent, text::TabKind::left});
+  }
+  std::sort(stops.begin(), stops.end());
+  paragraph.tabs = std::move(stops);
+  paragraph.firstLineIndent = 0;
 }
 
 std::u16string plainBullet(std::u16string_view bullet) {

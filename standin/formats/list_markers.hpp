@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "standin/text/style.hpp"
+
 namespace standin::formats {
 
 enum class NumberFormat : uint8_t {
@@ -50,6 +52,10 @@ class ListCounters {
 
 // What readers put before an item's text: a tab, the marker, a tab; empty for an empty marker.
 std::u16string markerText(std::u16string_view marker);
+
+// Lines up an item whose text begins with `markerText`: the paragraph's first line indent is the marker's place, and becomes
+// the place of the first tab. Tabs that the paragraph has behind it stay.
+void layOutMarker(text::Paragraph& paragraph);
 
 // The bullet that a symbol font's private character stands for, others as they are.
 std::u16string plainBullet(std::u16string_view bullet);

@@ -55,17 +55,23 @@ bool looksLikeWebArchive(std::string_view bytes) {
 
 bool looksLikeWordML(std::string_view bytes) {
   const std::string_view start = content(bytes).substr(0, prologueLength);
-  return isXML(bytes) && (contains(start, "wordDocument") || contains(start, "progid=\"Word.Document\""));
+  constexpr std::string_view marks[] = {"wordDocument", "progid=\"Word.Document\"", "/2006/xmlPackage"};
+  return isXML(bytes) && std::any_of(std::begin(marks), std::end(marks), [&](auto mark) { return contains(start, mark); });
 }
 
 bool looksLikeCompoundFile(std::string_view bytes) { return bytes.starts_with("\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1"sv); }
 
 bool looksLikeOfficeOpenXML(std::string_view bytes) { return isZip(bytes) && contains(bytes, "word/document"); }
 
-// The type is the first part, not compressed, right behind the header of 30 bytes.
+// The type is the first part, not compressed, right behind the header of 30 bytes; some programs leave it out. A document
+// that is one file says it in its first element.
 bool looksLikeOpenDocument(std::string_view bytes) {
-  return isZip(bytes) && bytes.size() > 30 &&
-         bytes.substr(30).starts_with("mimetypeapplication/vnd.oasis.opendocument.text");
+  if (isXML(bytes)) return contains(content(bytes).substr(0, prologueLength), "<office:document");
+  if (!isZip(bytes) || bytes.size() <= 30) return false;
+  constexpr std::string_view type = "mimetypeapplication/vnd.";
+  if (!bytes.substr(30).starts_with(type)) return contains(bytes, "META-INF/manifest.xml") && contains(bytes, "content.xml");
+  const std::string_view kind = bytes.substr(30 + type.size());
+  return kind.starts_with("oasis.opendocument.text") || kind.starts_with("sun.xml.writer");
 }
 
 }  // namespace standin::formats

@@ -8,6 +8,7 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <cstring>
 #include <memory>
@@ -161,6 +162,14 @@ bool isAllowed(char32_t character) {
                            : character == '\t' || character == '\n' || character == '\r';
 }
 
+// By the unit, below U+0080.
+constexpr auto standsForItself = [] {
+  std::array<bool, 0x80> table{};
+  for (size_t unit = 0x20; unit < table.size(); ++unit)
+    table[unit] = unit != '&' && unit != '<' && unit != '>' && unit != '"';
+  return table;
+}();
+
 void appendCharacter(std::string& out, char32_t character) {
   if (!isAllowed(character)) return;
   if (const std::string_view escape = escapeOf(character); !escape.empty()) {
@@ -208,12 +217,14 @@ bool parse(std::span<const uint8_t> bytes, const NameTable& names, Handler& hand
 
 void appendEscaped(std::string& out, std::u16string_view text) {
   for (size_t at = 0; at < text.size();) {
-    const char16_t unit = text[at];
-    if (unit < 0x80 && unit >= 0x20 && unit != u'&' && unit != u'<' && unit != u'>' && unit != u'"') {
-      out += static_cast<char>(unit);
-      ++at;
-      continue;
-    }
+    size_t end = at;
+    while (end < text.size() && text[end] < 0x80 && standsForItself[text[end]]) ++end;
+    const size_t old = out.size();
+    out.resize(old + end - at);
+    std::transform(text.begin() + static_cast<std::ptrdiff_t>(at), text.begin() + static_cast<std::ptrdiff_t>(end),
+                   out.begin() + static_cast<std::ptrdiff_t>(old), [](char16_t unit) { return static_cast<char>(unit); });
+    at = end;
+    if (at == text.size()) return;
     UChar32 character;
     U16_NEXT(text.data(), at, text.size(), character);
     appendCharacter(out, static_cast<char32_t>(character));

@@ -11,7 +11,7 @@
 
 namespace standin::formats::zip {
 
-// Reads out no more than 50 times its size and 64 MB, all entries together.
+// Reads out no more than 20 times its size and 16 MB, all entries together.
 class Archive {
  public:
   // Nothing when the bytes are no zip container. They must outlive the archive.
@@ -26,10 +26,10 @@ class Archive {
   struct Close {
     void operator()(void* archive) const;
   };
-  Archive(void* handle, uint64_t budget) : handle_(handle), budget_(budget) {}
+  Archive(void* handle, uint64_t size);
 
   std::unique_ptr<void, Close> handle_;
-  uint64_t budget_;
+  uint64_t size_, budget_;  // bytes: of the container, and still to be read out
 };
 
 struct Entry {

@@ -22,6 +22,8 @@ struct Array : Object {
 struct Dictionary : Object {
   explicit Dictionary(Elements kind = Elements::objects) : table(kind) {}
   OrderedTable table;
+  // Of a dictionary that keeps its entries: the number by which somebody knows them, 0 for not yet.
+  uint64_t knownAs = 0;
 };
 
 // Elements are retained. A nil element raises NSInvalidArgumentException.
@@ -47,6 +49,8 @@ void remove(NSMutableDictionary* dictionary, NSObject* key);
 // The value, not retained; nil when absent or when the dictionary is nil.
 NSObject* find(NSDictionary* dictionary, NSObject* key);
 size_t entryCount(NSDictionary* dictionary);
+// No message changes the dictionary.
+bool keepsEntries(NSDictionary* dictionary);
 
 // Calls visit(key, value) in order; the dictionary must not change meanwhile. Nil dictionary: nothing.
 template <class Visit>

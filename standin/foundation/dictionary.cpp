@@ -107,7 +107,7 @@ NSUInteger hash(Dictionary& self) { return self.table.count(); }
 NSString* description(NSObject* self) { return newString(propertyListText(self)).autorelease(); }
 
 NSObject* copy(NSObject* self, void*) {
-  if (stateOf<Object>(self).isa == immutableDictionaryClass.object()) return retainObject(self);
+  if (keepsEntries(static_cast<NSDictionary*>(self))) return retainObject(self);
   Owned<NSObject> copied = create<Dictionary>(immutableDictionaryClass);
   addAll(copied, static_cast<NSDictionary*>(self), "copyWithZone:");
   return copied.detach();
@@ -163,6 +163,10 @@ NSObject* find(NSDictionary* dictionary, NSObject* key) {
   if (dictionary == nullptr) return nullptr;
   const OrderedTable::Entry* entry = tableOf(dictionary).find(key);
   return entry != nullptr ? entry->value : nullptr;
+}
+
+bool keepsEntries(NSDictionary* dictionary) {
+  return stateOf<Object>(dictionary).isa == immutableDictionaryClass.object();
 }
 
 size_t entryCount(NSDictionary* dictionary) { return dictionary != nullptr ? tableOf(dictionary).count() : 0; }

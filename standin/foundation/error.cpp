@@ -1,6 +1,8 @@
 // NSError: a domain, a code and what else is known; and the errors of file operations.
 #include "standin/foundation/error.hpp"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
 #include <string>
@@ -119,6 +121,12 @@ const ClassDefinition errorClass = defineClass<Error>("NSError", "NSObject")
                                        .method<hash>("hash")
                                        .method<copy>("copyWithZone:");
 
+// Of the file at the path; a path without a folder means the current one.
+bool folderExists(std::string_view path) {
+  const size_t slash = path.rfind('/');
+  return slash == std::string_view::npos || slash == 0 || ::access(std::string(path.substr(0, slash)).c_str(), F_OK) == 0;
+}
+
 // Text from the file system need not be UTF-8.
 Owned<NSString> newPathText(std::string_view path) {
   Owned<NSString> text = newString(path);
@@ -139,7 +147,9 @@ Owned<NSError> newError(NSString* domain, NSInteger code, std::string_view descr
 Owned<NSError> newFileError(FileAccess access, int systemError, std::string_view path) {
   const FileErrorRow& row = rowOf(systemError);
   const std::string_view leaf = path.substr(path.rfind('/') + 1);
-  const std::string text = "\"" + std::string(leaf.empty() ? path : leaf) + "\" " + row.text + ".";
+  const std::string quoted = "\"" + std::string(leaf.empty() ? path : leaf) + "\"";
+  const bool lacksFolder = access == FileAccess::writing && systemError == ENOENT && !folderExists(path);
+  const std::string text = (lacksFolder ? "The folder of " : "") + quoted + " " + row.text + ".";
   const Owned<NSError> cause = newError(NSPOSIXErrorDomain, systemError, std::strerror(systemError));
   return newError(NSCocoaErrorDomain, access == FileAccess::reading ? row.reading : row.writing,
                   newDictionary({{NSLocalizedDescriptionKey, newPathText(text)},

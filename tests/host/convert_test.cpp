@@ -47,16 +47,33 @@ class Documents : public testing::Test {
 constexpr char linked[] = "<b>Regards</b>to <u>all</u>";
 
 TEST_F(Documents, GoThroughEveryFormatAndKeepTextAndStyle) {
-  write("a.html", linked);
-  for (const char* line : {"a.html -o b.rtf", "b.rtf -o c.rtfd", "c.rtfd/ --to rtf --into d", "d/c.rtf -o e.html",
-                           "e.html -o f.txt", "--from html f.txt -o g.rtf"}) {
+  write("a.tags", linked);
+  for (const char* line : {"a.tags -o b.rtf", "b.rtf -o c.rtfd", "c.rtfd/ --to rtf --into d", "d/c.rtf -o e.tags",
+                           "e.tags -o f.txt", "--from tags f.txt -o g.rtf"}) {
     EXPECT_EQ(run(std::string("convert ") + line), 0) << line << ": " << printed_;
     EXPECT_EQ(printed_, "");
   }
-  EXPECT_EQ(read("e.html"), linked);
+  EXPECT_EQ(read("e.tags"), linked);
   EXPECT_EQ(read("f.txt"), "Regardsto all");
   EXPECT_EQ(run("inspect g.rtf"), 0);
   EXPECT_NE(printed_.find("\"Regardsto all"), std::string::npos) << printed_;
+}
+
+TEST_F(Documents, BecomePagesAndPictures) {
+  write("a.rtf", "{\\rtf1\\paperw6000\\paperh8000\\margl400\\margr400\\margt600{\\info{\\title On Paper}}one\\page two}");
+  EXPECT_EQ(run("convert a.rtf -o a.pdf"), 0);
+  EXPECT_EQ(printed_, "");
+  const std::string pdf = read("a.pdf");
+  EXPECT_TRUE(pdf.starts_with("%PDF-1.")) << pdf.substr(0, 20);
+  EXPECT_EQ(run("preview a.rtf -o page.png --page 2 --resolution 72"), 0) << printed_;
+  const std::string picture = read("page.png");
+  ASSERT_TRUE(picture.size() > 24 && picture.starts_with("\x89PNG"));
+  EXPECT_EQ(picture.substr(16, 8), std::string("\0\0\x01\x2C\0\0\x01\x90", 8)) << "300 by 400 points";
+  EXPECT_EQ(run("preview a.rtf -o page.png --page 3"), 1);
+  EXPECT_EQ(printed_, "styledtext: a.rtf: it has no page 3; the last is 2\n");
+  EXPECT_EQ(run("preview a.rtf -o missing/page.png"), 1);
+  EXPECT_EQ(run("--log convert a.rtf -o b.pdf"), 0);
+  EXPECT_NE(printed_.find("tempFileName: "), std::string::npos) << printed_;
 }
 
 TEST_F(Documents, WhatADocumentSaysOfItselfIsKept) {
@@ -121,7 +138,7 @@ TEST_F(Documents, OneBadDocumentIsReportedAndTheRestGoOn) {
     EXPECT_TRUE(fs::exists(folder_ / "out" / (std::string(name) + ".rtfd/TXT.rtf")));
   EXPECT_FALSE(fs::exists(folder_ / "out/b.rtfd"));
   EXPECT_EQ(run("convert c.txt -o missing/c.rtf"), 1);
-  EXPECT_EQ(printed_, "styledtext: c.txt: No such file or directory\n");
+  EXPECT_EQ(printed_, "styledtext: c.txt: The folder of \"c.rtf\" does not exist.\n");
 }
 
 TEST_F(Documents, WrongUsageSaysWhatIsWrong) {

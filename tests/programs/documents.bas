@@ -17,7 +17,7 @@ Print found.Value("LeftMargin"), paper.width, paper.height
 
 ' By type, with the error that says what is possible.
 Dim error As NSErrorZKT
-For Each type As String In Array("NSPlainText", "NSRTFD", "NSOpenDocument", "NSTicket", "")
+For Each type As String In Array("NSPlainText", "NSRTFD", "NSTicket", "")
   Dim attributes As New Dictionary
   If type <> "" Then attributes.Value("DocumentType") = type
   Dim data As MemoryBlock = text.dataFromRange(0, 3, attributes, error)
@@ -30,6 +30,14 @@ For Each type As String In Array("NSPlainText", "NSRTFD", "NSOpenDocument", "NST
   End If
 Next
 
+' Every type by its content alone, whatever the file is called.
+For Each type As String In Array("NSMacSimpleText", "NSHTML", "NSDocFormat", "NSWordML", "NSWebArchive", "NSOfficeOpenXML", "NSOpenDocument")
+  about.Value("DocumentType") = type
+  Dim data As MemoryBlock = text.dataFromRange(0, text.Length, about, error)
+  GetFolderItem("typed.any").WriteBytes(data)
+  Print type, again.initWithPath("typed.any", found), found.Value("DocumentType"), again.Text
+Next
+
 ' Packages and plain files.
 about.Value("DocumentType") = "NSRTFD"
 Dim package As NSFileWrapperZKT = text.fileWrapperFromRange(0, text.Length, about, error)
@@ -38,4 +46,4 @@ Print again.initWithPath(GetFolderItem("zoë.rtfd"), found), again.Text, found.V
 GetFolderItem("plain").WriteText("one" + Chr(13) + Chr(10) + "two")
 Print again.initWithURL(GetFolderItem("plain"), found), Len(again.Text), found.Value("CharacterEncoding")
 Print again.initWithPath("missing"), again.Length
-Print again.initWithDocFormat("no document"), again.initWithHTML("<p>later"), text.docFormatFromRange Is Nil
+Print again.initWithDocFormat("no document"), again.initWithHTML("<p>later"), again.Text, again.initWithDocFormat(text.docFormatFromRange), again.Text

@@ -88,9 +88,7 @@ TEST(DocumentFormats, WhatCannotBeReadSaysWhatCan) {
   const struct {
     const char *name, *content, *code, *says;
   } rows[] = {
-      {"a.html", "x", "NSCocoaErrorDomain 65806", "Documents of type NSHTML cannot be read."},
-      {"b", "<!-- c --><HTML>x", "NSCocoaErrorDomain 65806", "NSHTML"},
-      {"c", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", "NSCocoaErrorDomain 65806", "NSDocFormat"},
+      {"c", "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1", "NSCocoaErrorDomain 259", "NSDocFormat"},
       {"d.rtf", "{\\rtx}", "NSCocoaErrorDomain 259", "NSRTF"},
       {"e/missing", nullptr, "NSCocoaErrorDomain 260", "missing"},
       {"package/empty", "", "NSCocoaErrorDomain 259", "NSRTFD"},
@@ -107,7 +105,8 @@ TEST(DocumentFormats, WhatCannotBeReadSaysWhatCan) {
   }
   const Opened unknown = fromData("x", with({{NSDocumentTypeDocumentOption, ns("NSTicket")}}));
   EXPECT_EQ(description(unknown.error),
-            "Documents of type NSTicket cannot be read. These can be read: NSRTF, NSRTFD and NSPlainText.");
+            "Documents of type NSTicket cannot be read. These can be read: NSRTF, NSRTFD, NSWebArchive, NSWordML, NSHTML, "
+            "NSDocFormat, NSOfficeOpenXML, NSOpenDocument, NSMacSimpleText and NSPlainText.");
   NSError* error = nullptr;
   auto* remote = send<NSAttributedString*>(alloc<NSAttributedString>(), "initWithURL:options:documentAttributes:error:",
                                            NSURL::URLWithString(classOf<NSURL>(), ns("http://example.org/a.rtf")), nullptr,
@@ -159,9 +158,10 @@ TEST(DocumentFormats, TextIsWrittenInTheTypeAndTheEncodingThatAreAskedFor) {
       {plainIn(1), "NSCocoaErrorDomain 517", "The text has characters that the encoding lacks."},
       {plainIn(12345), "NSCocoaErrorDomain 517", "encoding"},
       {nullptr, "NSCocoaErrorDomain 66062",
-       "No document type is given. These can be written: NSRTF, NSRTFD and NSPlainText."},
-      {with({{NSDocumentTypeDocumentAttribute, NSOpenDocumentTextDocumentType}}), "NSCocoaErrorDomain 66062",
-       "Documents of type NSOpenDocument cannot be written."},
+       "No document type is given. These can be written: NSRTF, NSRTFD, NSWebArchive, NSWordML, NSHTML, NSDocFormat, "
+       "NSOfficeOpenXML, NSOpenDocument, NSMacSimpleText and NSPlainText."},
+      {with({{NSDocumentTypeDocumentAttribute, ns("NSTicket")}}), "NSCocoaErrorDomain 66062",
+       "Documents of type NSTicket cannot be written."},
   };
   for (const auto& row : refused) {
     NSError* error = nullptr;

@@ -164,7 +164,7 @@ TEST(RtfReader, ReadsWhatTheWriterWrote) {
   pieces[0].second.paragraph.spacingAfter = 6;
   pieces[1] = {u"body {} \\ ", {}};
   pieces[1].second.font = font("Times", 11.5, 0);
-  pieces[1].second.foreground = standin::text::Color{standin::text::ColorSpace::deviceRGB, {1, 0, 0.2, 0}, 1};
+  pieces[1].second.foreground = standin::text::Color{standin::text::ColorSpace::calibratedRGB, {1, 0, 0.2, 0}, 1};
   pieces[2] = pieces[1];
   pieces[2].second.underline = 9;
   pieces[2].second.kern = 2;
@@ -224,7 +224,7 @@ Style plainStyle() {
   return style;
 }
 
-standin::text::Color red(double alpha = 1) { return {standin::text::ColorSpace::deviceRGB, {1, 0, 0, 0}, alpha}; }
+standin::text::Color red(double alpha = 1) { return {standin::text::ColorSpace::calibratedRGB, {1, 0, 0, 0}, alpha}; }
 
 TEST(RtfReader, EachAttributeComesBackAndEndsWhereItEnded) {
   const struct {
@@ -312,7 +312,7 @@ TEST(RtfReader, WhatWordsSayTogetherDoesNotDependOnTheirOrder) {
 TEST(RtfReader, VersionAndBackgroundComeBack) {
   standin::formats::DocumentInformation information;
   information.rtfVersion = 2000;
-  information.background = standin::text::Color{standin::text::ColorSpace::deviceRGB, {1, 0.2, 0.6, 0}, 1};
+  information.background = standin::text::Color{standin::text::ColorSpace::calibratedRGB, {1, 0.2, 0.6, 0}, 1};
   const auto document = parsed(written({{u"text", plainStyle()}}, information));
   EXPECT_EQ(document->text, u"text");
   EXPECT_EQ(document->rtfVersion, 2000);

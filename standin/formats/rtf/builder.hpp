@@ -4,8 +4,8 @@
 #include <map>
 #include <vector>
 
+#include "standin/formats/code_pages.hpp"
 #include "standin/formats/document.hpp"
-#include "standin/formats/rtf/code_pages.hpp"
 #include "standin/formats/rtf/state.hpp"
 
 namespace standin::formats::rtf {

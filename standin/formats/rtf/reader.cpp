@@ -1,13 +1,15 @@
 // The reader: tokens act on the state of the innermost group, text goes to the group's destination.
 #include "standin/formats/rtf/reader.hpp"
 
+#include "standin/formats/colors.hpp"
+
 #include <algorithm>
 #include <array>
 
+#include "standin/formats/link_target.hpp"
 #include "standin/formats/rtf/builder.hpp"
 #include "standin/formats/rtf/formatting.hpp"
 #include "standin/formats/rtf/lexer.hpp"
-#include "standin/formats/rtf/link_target.hpp"
 #include "standin/formats/rtf/pictures.hpp"
 #include "standin/text/text.hpp"
 
@@ -125,8 +127,8 @@ class Reader {
       if (digit < u'0' || digit > u'9') break;
       number = number * 10 + (digit - u'0');
     }
-    const auto component = [&](int shift) { return (number >> shift & 255) / 255.0; };
-    return text::Color{text::ColorSpace::deviceRGB, {component(0), component(8), component(16), 0}, 1};
+    const auto component = [&](int shift) { return static_cast<uint8_t>(number >> shift); };
+    return colorOf(component(0), component(8), component(16));
   }
 
   // The link holds for the rest of the field, of which the instruction is the first part.
@@ -193,7 +195,7 @@ class Reader {
   }
 
   void endColor() {
-    builder_.colors.push_back({text::ColorSpace::deviceRGB, {rgb_[0] / 255.0, rgb_[1] / 255.0, rgb_[2] / 255.0, 0}, 1});
+    builder_.colors.push_back({text::ColorSpace::calibratedRGB, {rgb_[0] / 255.0, rgb_[1] / 255.0, rgb_[2] / 255.0, 0}, 1});
     rgb_ = {};
   }
 

@@ -2,11 +2,9 @@
 #include "standin/formats/rtf/tables.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <set>
 
 #include "standin/formats/rtf/characters.hpp"
-#include "standin/text/font_faces.hpp"
 
 namespace standin::formats::rtf {
 
@@ -30,30 +28,13 @@ Tables::Tables(const std::vector<StyledRun>& runs) {
   }
 }
 
-const text::Font& Tables::fontOf(const text::Style& style) {
-  static const text::Font standard{"Helvetica", "Helvetica"};
-  return style.font ? *style.font : standard;
-}
-
 void Tables::addFont(const text::Font& font) {
   const std::string name = nameOf(font);
   if (fonts_.emplace(name, fontOrder_.size()).second) fontOrder_.push_back(name);
 }
 
-std::string Tables::nameOf(const text::Font& font) {
-  const uint64_t switches = font.traits & (text::boldTrait | text::italicTrait);
-  if (text::fontMeant(font.family, switches, font.size) == font) return font.family;
-  return text::fontMeant(font.name, switches, font.size) == font ? font.name : font.family;
-}
-
-Tables::Bytes Tables::bytesOf(const text::Color& color) {
-  const auto components = convert(color, text::ColorSpace::deviceRGB).components;
-  const auto byte = [](double component) { return static_cast<uint8_t>(std::lrint(std::clamp(component, 0.0, 1.0) * 255)); };
-  return {byte(components[0]), byte(components[1]), byte(components[2])};
-}
-
 void Tables::addColor(const text::Color& color) {
-  const Bytes bytes = bytesOf(color);
+  const ColorBytes bytes = bytesOf(color);
   if (colors_.emplace(bytes, colorOrder_.size() + 1).second) colorOrder_.push_back(bytes);
 }
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "standin/formats/colors.hpp"
+#include "standin/formats/fonts.hpp"
 #include "standin/formats/styled_runs.hpp"
 
 namespace standin::formats::rtf {
@@ -16,26 +18,18 @@ class Tables {
  public:
   explicit Tables(const std::vector<StyledRun>& runs);
 
-  // The font of a run; runs without one are in the platform's default font.
-  static const text::Font& fontOf(const text::Style& style);
-
   size_t fontIndex(const text::Font& font) const { return fonts_.at(nameOf(font)); }
   size_t colorIndex(const text::Color& color) const { return colors_.at(bytesOf(color)); }
   void write(std::string& out) const;
 
  private:
-  using Bytes = std::array<uint8_t, 3>;
-
-  // By family, with bold and italic as switches, or by face when these do not lead to it.
-  static std::string nameOf(const text::Font& font);
-  static Bytes bytesOf(const text::Color& color);
   void addFont(const text::Font& font);
   void addColor(const text::Color& color);
 
   std::map<std::string, size_t> fonts_;
-  std::map<Bytes, size_t> colors_;
+  std::map<ColorBytes, size_t> colors_;
   std::vector<std::string> fontOrder_;
-  std::vector<Bytes> colorOrder_;
+  std::vector<ColorBytes> colorOrder_;
 };
 
 }  // namespace standin::formats::rtf

@@ -176,7 +176,7 @@ class Writer {
   }
 
   void writeFont(const text::Style& old, const text::Style& style) {
-    const text::Font &was = Tables::fontOf(old), &is = Tables::fontOf(style);
+    const text::Font &was = fontOf(old), &is = fontOf(style);
     if (current_ == nullptr || is.family != was.family || is.name != was.name) writeFontNumber(is);
     if (halfPoints(is.size) != halfPoints(was.size)) number("\\fs", halfPoints(is.size));
     onOff("\\b", was.bold(), is.bold());

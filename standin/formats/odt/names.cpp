@@ -1,0 +1,93 @@
+// The names in use, the older ones, and those of parts that are not text.
+#include "standin/formats/odt/names.hpp"
+
+namespace standin::formats::odt {
+
+const xml::NameTable& nameTable() {
+  static const xml::NameTable table(
+      {
+          {"urn:oasis:names:tc:opendocument:xmlns:office:1.0", "office"},
+          {"urn:oasis:names:tc:opendocument:xmlns:style:1.0", "style"},
+          {"urn:oasis:names:tc:opendocument:xmlns:text:1.0", "text"},
+          {"urn:oasis:names:tc:opendocument:xmlns:table:1.0", "table"},
+          {"urn:oasis:names:tc:opendocument:xmlns:drawing:1.0", "draw"},
+          {"urn:oasis:names:tc:opendocument:xmlns:dr3d:1.0", "dr3d"},
+          {"urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0", "fo"},
+          {"urn:oasis:names:tc:opendocument:xmlns:svg-compatible:1.0", "svg"},
+          {"urn:oasis:names:tc:opendocument:xmlns:meta:1.0", "meta"},
+          {"urn:oasis:names:tc:opendocument:xmlns:config:1.0", "config"},
+          {"urn:org:documentfoundation:names:experimental:office:xmlns:loext:1.0", "loext"},
+          {"http://www.w3.org/1999/xlink", "xlink"},
+          {"http://purl.org/dc/elements/1.1/", "dc"},
+          {"http://www.w3.org/XML/1998/namespace", "xml"},
+          {"http://www.w3.org/1998/Math/MathML", "math"},
+          // Of programs before the standard, and of drafts of it.
+          {"http://openoffice.org/2000/office", "office"},
+          {"http://openoffice.org/2000/style", "style"},
+          {"http://openoffice.org/2000/text", "text"},
+          {"http://openoffice.org/2000/table", "table"},
+          {"http://openoffice.org/2000/drawing", "draw"},
+          {"http://openoffice.org/2000/dr3d", "dr3d"},
+          {"http://openoffice.org/2000/meta", "meta"},
+          {"http://openoffice.org/2001/config", "config"},
+          {"http://www.w3.org/1999/XSL/Format", "fo"},
+          {"http://www.w3.org/2000/svg", "svg"},
+      },
+      {
+#define ODT_ROW(number, qualified) {qualified, name::number},
+          ODT_NAMES(ODT_ROW)
+#undef ODT_ROW
+              {"style:font-decl", name::fontFace},
+          {"style:page-master", name::pageLayout},
+          {"style:page-master-name", name::pageLayoutName},
+          {"text:ordered-list", name::list},
+          {"text:unordered-list", name::list},
+          {"text:tab-stop", name::tab},
+          {"text:footnote", name::note},
+          {"text:endnote", name::note},
+          {"text:footnote-citation", name::citation},
+          {"text:endnote-citation", name::citation},
+          {"text:id", name::identifier},
+          {"meta:keywords", name::keyword},
+          {"office:spreadsheet", name::hiddenPart},
+          {"office:presentation", name::hiddenPart},
+          {"office:drawing", name::hiddenPart},
+          {"office:chart", name::hiddenPart},
+          {"text:footnote-body", name::hiddenPart},
+          {"text:endnote-body", name::hiddenPart},
+          {"text:note-body", name::hiddenPart},
+          {"text:ruby-text", name::hiddenPart},
+          {"text:number", name::hiddenPart},
+          {"text:script", name::hiddenPart},
+          {"office:annotation", name::hiddenPart},
+          {"office:forms", name::hiddenPart},
+          {"office:event-listeners", name::hiddenPart},
+          {"office:change-info", name::hiddenPart},
+          {"svg:title", name::hiddenPart},
+          {"svg:desc", name::hiddenPart},
+          {"math:math", name::hiddenPart},
+          {"dr3d:scene", name::hiddenPart},
+          {"draw:object", name::hiddenPart},
+          {"draw:object-ole", name::hiddenPart},
+          {"draw:applet", name::hiddenPart},
+          {"draw:plugin", name::hiddenPart},
+          {"draw:floating-frame", name::hiddenPart},
+          {"draw:custom-shape", name::hiddenPart},
+          {"draw:rect", name::hiddenPart},
+          {"draw:line", name::hiddenPart},
+          {"draw:polyline", name::hiddenPart},
+          {"draw:polygon", name::hiddenPart},
+          {"draw:regular-polygon", name::hiddenPart},
+          {"draw:path", name::hiddenPart},
+          {"draw:circle", name::hiddenPart},
+          {"draw:ellipse", name::hiddenPart},
+          {"draw:connector", name::hiddenPart},
+          {"draw:caption", name::hiddenPart},
+          {"draw:measure", name::hiddenPart},
+          {"draw:control", name::hiddenPart},
+          {"draw:page-thumbnail", name::hiddenPart},
+      });
+  return table;
+}
+
+}  // namespace standin::formats::odt

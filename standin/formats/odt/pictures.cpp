@@ -1,0 +1,49 @@
+// Pictures loaded once each, however often they are shown.
+#include "standin/formats/odt/pictures.hpp"
+
+#include "standin/formats/base64.hpp"
+#include "standin/formats/pictures/picture.hpp"
+#include "standin/formats/units.hpp"
+
+namespace standin::formats::odt {
+namespace {
+
+Pictures::Attachment pictureOf(std::string bytes) {
+  const std::span contents(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+  const bool isShown = pictures::formatOf(contents) != pictures::Format::unknown && pictures::sizeOf(contents);
+  return isShown ? pictures::newAttachment(std::move(bytes), {}) : nullptr;
+}
+
+}  // namespace
+
+void Pictures::startFrame(const xml::Element& element) {
+  width_ = pointsOf(element.value(name::width)).value_or(0);
+  height_ = pointsOf(element.value(name::height)).value_or(0);
+  isFilled_ = false;
+}
+
+Pictures::Attachment Pictures::linked(const xml::Element& image) {
+  std::string_view name = image.value(name::href);
+  for (const std::string_view prefix : {"#", "./"}) {
+    if (name.starts_with(prefix)) name.remove_prefix(prefix.size());
+  }
+  if (name.empty()) return nullptr;
+  const auto [known, isNew] = loaded_.try_emplace(std::string(name));
+  if (isNew) {
+    if (auto bytes = parts_(known->first)) known->second = pictureOf(*std::move(bytes));
+  }
+  return sized(known->second);
+}
+
+Pictures::Attachment Pictures::embedded(std::string_view base64) { return sized(pictureOf(bytesOfBase64(base64))); }
+
+Pictures::Attachment Pictures::sized(const Attachment& picture) {
+  if (isFilled_ || picture == nullptr) return nullptr;
+  isFilled_ = true;
+  auto attachment = std::make_shared<text::Attachment>(*picture);
+  attachment->width = width_ > 0 && width_ <= 100'000 ? width_ : 0;
+  attachment->height = height_ > 0 && height_ <= 100'000 ? height_ : 0;
+  return attachment;
+}
+
+}  // namespace standin::formats::odt

@@ -1,0 +1,39 @@
+// Pictures in the text: how large they are, and their bytes.
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "standin/formats/word_xml/names.hpp"
+#include "standin/formats/word_xml/resources.hpp"
+#include "standin/text/attachment.hpp"
+
+namespace standin::formats::word_xml {
+
+class Drawings {
+ public:
+  // The resources outlive the drawings; nil when the pictures come within the text.
+  explicit Drawings(Resources* resources) : resources_(resources) {}
+
+  // A drawing begins, of which neither size nor link is known.
+  void begin();
+  // Takes the size that the element says, and whether it is a link.
+  void startElement(const xml::Element& element);
+  // The picture that the element shows: nil for one that cannot be shown.
+  std::shared_ptr<const text::Attachment> pictureOf(const xml::Element& element);
+  // The bytes of pictures that will be shown by this name.
+  void add(std::string name, std::string bytes);
+  // Empty when it is none.
+  const std::string& link() const { return link_; }
+
+ private:
+  const text::Attachment* find(std::string_view id);
+
+  Resources* resources_;
+  // By the names that the text calls them; nil for what is no picture. Shown twice, a picture has its bytes once.
+  std::map<std::string, std::shared_ptr<const text::Attachment>, std::less<>> pictures_;
+  double width_ = 0, height_ = 0;  // points
+  std::string link_;
+};
+
+}  // namespace standin::formats::word_xml

@@ -1,0 +1,77 @@
+// The styles of a document's runs, each made once for the formatting that it comes from.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <unordered_map>
+
+#include "standin/formats/document_builder.hpp"
+#include "standin/formats/word_xml/definitions.hpp"
+
+namespace standin::formats::word_xml {
+
+// What all that a paragraph's properties say comes to.
+struct ParagraphLook {
+  uint32_t number = 0;
+  text::Paragraph layout;
+  RunFormatting run;        // beneath what its runs say
+  RunFormatting mark;       // of the paragraph's mark itself
+  int list = 0, level = 0;  // list 0: no item
+  bool breaksPage = false;
+  bool joinsNext = false;        // the mark is deleted
+  bool hasMarkOfItsOwn = false;  // something is said of the mark
+};
+
+// What the properties of a run say, before it is part of a paragraph.
+struct RunLook {
+  uint32_t number = 0;
+  RunFormatting direct;
+  std::string style;
+};
+
+class StylePalette {
+ public:
+  // Both outlive the palette.
+  StylePalette(const Definitions& definitions, DocumentBuilder& builder) : definitions_(definitions), builder_(builder) {}
+
+  // The looks are the palette's, and stay.
+  const ParagraphLook& paragraph(const PropertyCollector& properties, const std::string& tableStyle);
+  const RunLook& run(const PropertyRecord& properties);
+
+  // The builder's index of the style; of the paragraph's mark when `run` is nil.
+  uint32_t style(const ParagraphLook& paragraph, const RunLook* run, Script script, std::u16string_view link);
+  bool isHidden(const ParagraphLook& paragraph, const RunLook* run);
+
+ private:
+  struct Key {
+    uint32_t paragraph, run;  // run: 0 for the mark
+    Script script;
+    bool operator==(const Key&) const = default;
+  };
+  struct KeyHash {
+    size_t operator()(const Key& key) const {
+      return (size_t{key.paragraph} << 32 | key.run) * 0x9E3779B97F4A7C15u + static_cast<size_t>(key.script);
+    }
+  };
+  struct Entry {
+    uint32_t style;
+    bool isHidden;
+  };
+
+  const Entry& entry(const ParagraphLook& paragraph, const RunLook* run, Script script);
+  RunFormatting formattingOf(const ParagraphLook& paragraph, const RunLook& run) const;
+  void applyCharacterStyle(RunFormatting& run, const std::string& style) const;
+  ParagraphLook makeParagraph(const PropertyCollector& properties, const std::string& tableStyle) const;
+  ParagraphProperties resolve(ParagraphProperties beneath, const ParagraphProperties& direct) const;
+
+  const Definitions& definitions_;
+  DocumentBuilder& builder_;
+  std::unordered_map<std::string, ParagraphLook> paragraphs_;
+  std::unordered_map<std::string, RunLook> runs_;
+  std::string paragraphKey_;  // kept for its memory
+  std::unordered_map<Key, Entry, KeyHash> entries_;
+  Key lastKey_{};
+  const Entry* last_ = nullptr;
+};
+
+}  // namespace standin::formats::word_xml
