@@ -1,10 +1,10 @@
 // Print settings from what a document says of itself, and the call of GeneratePDF.
 #include "host/tool/pdf_pages.hpp"
 
-#include <dlfcn.h>
-
 #include <algorithm>
+#include <cmath>
 
+#include "host/runtime/array.hpp"
 #include "host/runtime/conversion.hpp"
 #include "host/runtime/dictionary.hpp"
 #include "host/runtime/memory_block.hpp"
@@ -24,6 +24,20 @@ Value valueFor(const Value& dictionary, std::string_view key) {
   return host::dictionaryHasKey(dictionary.asObject(), name) ? host::dictionaryValue(dictionary.asObject(), name) : Value();
 }
 
+// A list of words becomes one text.
+Value joined(const Value& value) {
+  const host::HostObject* list = value.asObject();
+  if (list == nullptr || !host::isArray(list)) return value;
+  std::string text;
+  for (int64_t index = 0; index <= host::upperBound(list); ++index) {
+    const Value word = host::element(list, index);
+    if (!word.isString()) continue;
+    if (!text.empty()) text += ", ";
+    text += host::toUtf8(word);
+  }
+  return Value::string(text);
+}
+
 void setEntry(const Value& printInfo, std::string_view key, const Value& text) {
   if (text.isString()) call(printInfo, "setEntry(key as String, text as String)", {Value::string(key), text});
 }
@@ -38,7 +52,8 @@ constexpr Margin margins[] = {{"LeftMargin", "leftMargin"},
 constexpr const char* texts[] = {"NSTitleDocumentAttribute", "NSAuthorDocumentAttribute", "NSSubjectDocumentAttribute",
                                  "NSKeywordsDocumentAttribute"};
 
-// A text view that is wider than the page between its margins is made smaller rather than cut.
+// Documents mark a margin that text may not grow into with a minus. A text view that is wider than the page between its
+// margins is made smaller rather than cut.
 Value printInfoFor(const Value& attributes) {
   Value printInfo = make("NSPrintInfoZKT");
   call(printInfo, "Constructor");
@@ -48,33 +63,15 @@ Value printInfoFor(const Value& attributes) {
   for (const Margin& margin : margins) {
     const Value points = valueFor(attributes, margin.attribute);
     set(printInfo, margin.property,
-        Value::number(points.isNumber() ? std::max(0.0, host::toDouble(points)) : defaultMargin));
+        Value::number(points.isNumber() ? std::max(0.0, std::abs(host::toDouble(points))) : defaultMargin));
   }
   width -= get(printInfo, "leftMargin").asDouble() + get(printInfo, "rightMargin").asDouble();
   set(printInfo, "horizontalPagination", Value::integer(width < viewWidth ? fitPagination : 0));
   set(printInfo, "horizontallyCentered", Value::boolean(false));
   set(printInfo, "verticallyCentered", Value::boolean(false));
-  for (const char* key : texts) setEntry(printInfo, key, valueFor(attributes, key));
+  for (const char* key : texts) setEntry(printInfo, key, joined(valueFor(attributes, key)));
   return printInfo;
 }
-
-// The library logs each step of printing, which nobody who converts a document wants to read. A platform that has no such
-// switch keeps its own log.
-class QuietLog {
- public:
-  QuietLog() {
-    setSink([](void*, const char*, size_t) {});
-  }
-  QuietLog(const QuietLog&) = delete;
-  ~QuietLog() { setSink(nullptr); }
-
- private:
-  using Sink = void (*)(void* context, const char* message, size_t length);
-  static void setSink(Sink sink) {
-    static const auto set = reinterpret_cast<void (*)(Sink, void*)>(dlsym(RTLD_DEFAULT, "standin_setLogSink"));
-    if (set != nullptr) set(sink, nullptr);
-  }
-};
 
 // Views are told of each page that was printed: text views hand that on while one of these lives.
 class PageListener {
@@ -100,7 +97,6 @@ class PageListener {
 }  // namespace
 
 std::string pdfOf(const StyledDocument& document, const PageDone& pageDone) {
-  const QuietLog quiet;
   const PageListener listening(pageDone);
   try {
     const Value pdf = call(document.text, "GeneratePDF(PrintOptions as variant = nil) as MemoryBlock",

@@ -81,9 +81,14 @@ NSDictionary* emptyDictionary() {
 }  // namespace
 
 AttributeSet attributeSetOf(NSDictionary* attributes) {
+  if (attributes == nullptr) return {};
+  auto& dictionary = stateOf<foundation::Dictionary>(attributes);
+  if (AttributeSet known = AttributeSet::ofTicket(dictionary.knownAs); !known.empty()) return known;
   std::vector<Attribute> list;
   foundation::forEachEntry(attributes, [&](NSObject* key, NSObject* value) { list.push_back({key, value}); });
-  return AttributeSet::of(list);
+  AttributeSet made = AttributeSet::of(list);
+  if (foundation::keepsEntries(attributes)) dictionary.knownAs = made.ticket();
+  return made;
 }
 
 NSDictionary* dictionaryOf(text::AttributeHandle attributes) {
@@ -96,6 +101,7 @@ NSDictionary* dictionaryOf(text::AttributeHandle attributes) {
     values.push_back(objectOf(attribute.value));
   }
   NSDictionary* dictionary = foundation::newDictionary(keys, values).detach();
+  stateOf<foundation::Dictionary>(dictionary).knownAs = set.ticket();
   set.setCompanion(dictionary);
   return dictionary;
 }

@@ -181,7 +181,9 @@ void takeProperties(NSDictionary* attributes, Properties& properties) {
   for (const TimeRow& row : timeRows) {
     if (NSDate* date = typed<NSDate>(attributes, *row.key)) properties.*row.member = timeOf(date);
   }
-  properties.keywords = joinedKeywords(typed<NSArray>(attributes, NSKeywordsDocumentAttribute));
+  NSString* keywords = typed<NSString>(attributes, NSKeywordsDocumentAttribute);
+  properties.keywords = keywords != nullptr ? foundation::unitsOf(keywords)
+                                            : joinedKeywords(typed<NSArray>(attributes, NSKeywordsDocumentAttribute));
 }
 
 }  // namespace

@@ -95,18 +95,6 @@ Owned<NSData> writeRTF(ExportedRuns& exported, const DocumentInformation& inform
   return foundation::newData(formats::rtf::write(exported.runs(), information));
 }
 
-Owned<NSData> writeDoc(ExportedRuns& exported, const DocumentInformation& information) {
-  exported.embedPictures();
-  auto bytes = formats::doc::write(exported.runs(), information);
-  return bytes ? foundation::newData(*std::move(bytes)) : nullptr;
-}
-
-Owned<NSData> writeODT(ExportedRuns& exported, const DocumentInformation& information) {
-  exported.embedPictures();
-  auto bytes = formats::odt::write(exported.runs(), information);
-  return bytes ? foundation::newData(*std::move(bytes)) : nullptr;
-}
-
 // Formats that hold pictures in their text.
 template <std::optional<std::string> (*write)(const formats::StyledRuns&, const DocumentInformation&)>
 Owned<NSData> writeWithPictures(ExportedRuns& exported, const DocumentInformation& information) {
@@ -124,26 +112,31 @@ struct DocumentFormat {
   bool (*isEncrypted)(std::span<const uint8_t>) = nullptr;  // nil: no document of the format is
 };
 
-// In the order in which content is looked at. What has no reader or no writer is still missing: such documents answer nil
-// and an error.
+// In the order in which content is looked at.
 const DocumentFormat formatTable[] = {
     {&NSRTFTextDocumentType, {"rtf"}, formats::looksLikeRTF, readRTFBytes, writeRTF},
     {&NSRTFDTextDocumentType, {"rtfd"}, formats::looksLikeFileArchive, readRTFDSource, newRTFDData},
     {&NSWebArchiveTextDocumentType, {"webarchive"}, formats::looksLikeWebArchive, readWebArchive, newWebArchiveData},
-    {&NSWordMLTextDocumentType, {"xml"}, formats::looksLikeWordML, readWordML, writeWithPictures<formats::wordml::write>},
+    {&NSWordMLTextDocumentType, {}, formats::looksLikeWordML, readWordML, writeWithPictures<formats::wordml::write>},
     {&NSHTMLTextDocumentType, {"html", "htm", "xhtml"}, formats::looksLikeHTML, readHTML, newHTMLData},
     {&NSDocFormatTextDocumentType,
      {"doc"},
      formats::looksLikeCompoundFile,
      readDocBytes,
-     writeDoc,
+     writeWithPictures<formats::doc::write>,
      formats::doc::isEncrypted},
     {&NSOfficeOpenXMLTextDocumentType,
      {"docx"},
      formats::looksLikeOfficeOpenXML,
      readOfficeOpenXML,
-     writeWithPictures<formats::docx::write>},
-    {&NSOpenDocumentTextDocumentType, {"odt", "ott", "fodt", "sxw"}, formats::looksLikeOpenDocument, readODT, writeODT},
+     writeWithPictures<formats::docx::write>,
+     formats::doc::isEncrypted},
+    {&NSOpenDocumentTextDocumentType,
+     {"odt", "ott", "fodt", "sxw"},
+     formats::looksLikeOpenDocument,
+     readODT,
+     writeWithPictures<formats::odt::write>,
+     formats::odt::isEncrypted},
     {&NSMacSimpleTextDocumentType, {}, nullptr, readSimpleText, newSimpleTextData},
     {&NSPlainTextDocumentType, {"txt", "text"}, nullptr, readPlain, writePlain},
 };

@@ -1,6 +1,8 @@
 // Attributed strings taken apart for writers, and put together from what readers found.
 #include "standin/appkit/document_text.hpp"
 
+#include <unordered_map>
+
 #include "standin/appkit/file_wrapper.hpp"
 #include "standin/appkit/style.hpp"
 #include "standin/appkit/text_attachment.hpp"
@@ -50,6 +52,19 @@ std::shared_ptr<const text::Attachment> withFile(const std::shared_ptr<const tex
   return taken;
 }
 
+// The contents of a document's attachments, one copy of each however many attachments show it, by where the reader has them.
+using SharedContents = std::unordered_map<const uint8_t*, Owned<NSData>>;
+
+// The style with the attachment that its value describes.
+text::Style withObject(text::Style style, SharedContents& shared) {
+  const text::Attachment& found = *style.attachment;
+  if (found.object != nullptr || found.contents.empty()) return style;
+  Owned<NSData>& contents = shared[found.contents.data()];
+  if (foundation::bytesOf(contents).size() != found.contents.size()) contents = foundation::newData(found.contents);
+  style.attachment = attachmentValue(newTextAttachment(found, contents));
+  return style;
+}
+
 }  // namespace
 
 ExportedRuns::ExportedRuns(const text::StyledText& text, text::UnitRange range) {
@@ -89,7 +104,12 @@ void ExportedRuns::packageFiles(NSFileWrapper* directory) {
 
 text::StyledText styledTextOf(const formats::Document& document) {
   std::vector<text::AttributeSet> sets;
-  for (const text::Style& style : document.styles) sets.push_back(attributeSetOf(attributesOf(style)));
+  SharedContents shared;
+  for (const text::Style& style : document.styles) {
+    const bool hasAttachment = style.attachment != nullptr;
+    const Owned<NSDictionary> attributes = hasAttachment ? attributesOf(withObject(style, shared)) : attributesOf(style);
+    sets.push_back(attributeSetOf(attributes));
+  }
   text::RunList runs;
   for (const formats::DocumentRun& run : document.runs) runs.add(run.length, sets[run.style].handle());
   return {text::Text::utf16(document.text), runs};

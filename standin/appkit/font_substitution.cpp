@@ -66,12 +66,16 @@ bool followsOthers(UChar32 character) {
          (U_GET_GC_MASK(character) & (U_GC_Z_MASK | U_GC_M_MASK | U_GC_C_MASK)) != 0;
 }
 
+bool isSpace(UChar32 character) { return (U_GET_GC_MASK(character) & U_GC_Z_MASK) != 0; }
+
 // Takes characters in order and gathers the stretches that the font lacks.
 class Finder {
  public:
   Finder(const std::string& family, uint32_t start) : font_(installedFont(family)), end_(start) {}
 
   void add(UChar32 character, uint32_t units) {
+    const bool isOwnSpace = isSpace(character) && hasGlyph(font_, character);
+    if (isOwnSpace) family_ = nullptr;
     if (!followsOthers(character)) family_ = hasGlyph(font_, character) ? nullptr : familyWith(character);
     if (family_ != nullptr) extend(units);
     end_ += units;

@@ -14,8 +14,8 @@ struct Substitution {
   std::string family;
 };
 
-// What the family lacks in the range, in order; without what no font has. Spaces, marks and invisible characters stay with
-// the characters before them.
+// What the family lacks in the range, in order; without what no font has. Marks and invisible characters stay with
+// the characters before them, as spaces do that the family lacks.
 std::vector<Substitution> substitutions(const text::Text& text, text::UnitRange range, const std::string& family);
 
 }  // namespace standin::appkit

@@ -33,12 +33,10 @@ void replaceWithString(NSAttributedString* self, NSRange range, NSString* string
   constexpr const char* selector = "replaceCharactersInRange:withString:";
   requireArgument(self, selector, string);
   const UnitRange replaced = rangeIn(self, selector, range);
-  const uint32_t length = textOf(string).size();
+  const text::Text& inserted = textOf(string);
+  const uint32_t length = inserted.size();
   requireSpace(self, selector, replaced, length);
-  edit(self, replaced, length, [&](StyledText& styled) {
-    styled.splice(replaced.start, replaced.length, textOf(string),
-                  styled.inheritedAttributes(replaced.start, replaced.length));
-  });
+  edit(self, replaced, length, [&](StyledText& styled) { styled.splice(replaced.start, replaced.length, inserted); });
 }
 
 void replaceWithAttributedString(NSAttributedString* self, NSRange range, NSAttributedString* inserted) {

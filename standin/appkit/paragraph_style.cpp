@@ -9,6 +9,7 @@
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/class_definition.hpp"
 #include "standin/runtime/exception.hpp"
+#include "standin/text/style_hash.hpp"
 
 using standin::text::Paragraph;
 
@@ -95,11 +96,7 @@ BOOL isEqual(NSParagraphStyle* self, NSObject* other) {
          (isKindOf(other, styles) && paragraphOf(self) == paragraphOf(static_cast<NSParagraphStyle*>(other)));
 }
 
-NSUInteger hash(ParagraphStyle& self) {
-  const Paragraph& paragraph = self.paragraph;
-  return std::hash<double>()(paragraph.headIndent + 3 * paragraph.firstLineIndent + 7 * paragraph.spacingAfter) +
-         static_cast<NSUInteger>(paragraph.alignment);
-}
+NSUInteger hash(ParagraphStyle& self) { return text::hashOf(self.paragraph); }
 
 NSString* description(ParagraphStyle& self) {
   const Paragraph& paragraph = self.paragraph;

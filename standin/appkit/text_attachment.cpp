@@ -64,7 +64,8 @@ bool sameFile(NSFileWrapper* left, NSFileWrapper* right) {
   const FileWrapper &first = wrapperState(left), &second = wrapperState(right);
   if (first.kind != FileKind::regular || second.kind != FileKind::regular) return false;
   if (packagedName(left) != packagedName(right)) return false;
-  return NSObject::isEqual(contentsOf(left), contentsOf(right)) != NO;
+  NSData *bytes = contentsOf(left), *others = contentsOf(right);
+  return (bytes != nullptr && bytes == others) || NSObject::isEqual(bytes, others) != NO;
 }
 
 // So that a document that is read twice gives equal texts.
@@ -129,6 +130,14 @@ Owned<NSFileWrapper> fileOf(NSTextAttachment* attachment) {
   return newRegularFile(retain(picture), "Attachment." + std::string(extension));
 }
 
+Owned<NSTextAttachment> newTextAttachment(const text::Attachment& attachment, Owned<NSData> contents) {
+  const auto extension = formats::pictures::extensionOf(formats::pictures::formatOf(attachment.contents));
+  const Owned<NSFileWrapper> file = newRegularFile(std::move(contents), "Attachment." + std::string(extension));
+  Owned<NSTextAttachment> made = newTextAttachment(file);
+  attachmentState(made).size = {attachment.width, attachment.height};
+  return made;
+}
+
 std::string packagedName(NSFileWrapper* file) {
   const FileWrapper& state = wrapperState(file);
   for (const auto* name : {&state.preferredName, &state.name}) {
@@ -157,12 +166,7 @@ NSTextAttachment* objectOf(const text::Attachment& attachment) {
 Owned<NSTextAttachment> attachmentOf(const text::Attachment& attachment) {
   if (attachment.object != nullptr) return retain(objectOf(attachment));
   if (attachment.contents.empty()) return nullptr;
-  const auto extension = formats::pictures::extensionOf(formats::pictures::formatOf(attachment.contents));
-  const Owned<NSFileWrapper> file =
-      newRegularFile(foundation::newData(attachment.contents), "Attachment." + std::string(extension));
-  Owned<NSTextAttachment> made = newTextAttachment(file);
-  attachmentState(made).size = {attachment.width, attachment.height};
-  return made;
+  return newTextAttachment(attachment, foundation::newData(attachment.contents));
 }
 
 }  // namespace standin::appkit

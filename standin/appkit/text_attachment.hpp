@@ -22,6 +22,8 @@ struct TextAttachment : Object {
 
 bool isTextAttachment(NSObject* object);
 Owned<NSTextAttachment> newTextAttachment(NSFileWrapper* file);
+// Of a value that has contents, which the data holds too.
+Owned<NSTextAttachment> newTextAttachment(const text::Attachment& attachment, Owned<NSData> contents);
 TextAttachment& attachmentState(NSTextAttachment* attachment);
 
 // The attachment's file; of one that has only a cell, its picture as a file. Nil when there is neither.

@@ -2,62 +2,13 @@
 #include "standin/formats/document_builder.hpp"
 
 #include <algorithm>
-#include <functional>
 
 #include "standin/formats/utf8.hpp"
+#include "standin/text/style_hash.hpp"
 
 namespace standin::formats {
-namespace {
-
-template <class Value>
-void mix(size_t& hash, const Value& value) {
-  hash = (hash ^ std::hash<Value>()(value)) * 0x9E3779B97F4A7C15u;
-}
-
-void mix(size_t& hash, const std::optional<text::Color>& color) {
-  mix(hash, color.has_value());
-  if (!color) return;
-  for (const double component : color->components) mix(hash, component);
-}
-
-void mix(size_t& hash, const text::Paragraph& paragraph) {
-  using P = text::Paragraph;
-  mix(hash, static_cast<int>(paragraph.alignment) + 16 * static_cast<int>(paragraph.direction) + 64 * paragraph.headerLevel);
-  for (const auto length :
-       {&P::firstLineIndent, &P::headIndent, &P::tailIndent, &P::spacingBefore, &P::spacingAfter, &P::lineSpacing,
-        &P::minimumLineHeight, &P::maximumLineHeight, &P::lineHeightMultiple, &P::defaultTabInterval}) {
-    mix(hash, paragraph.*length);
-  }
-  if (!paragraph.tabs) return;
-  for (const text::TabStop& tab : *paragraph.tabs) mix(hash, tab.position + static_cast<double>(tab.kind));
-}
-
-// Of all members that documents can give many values: a document whose styles share a hash would be slow to read.
-size_t hashOf(const text::Style& style) {
-  using S = text::Style;
-  size_t hash = 0;
-  for (const auto number : {&S::underline, &S::strikethrough, &S::superscript}) mix(hash, style.*number);
-  if (style.font) {
-    mix(hash, style.font->name);
-    mix(hash, style.font->size);
-    mix(hash, style.font->traits);
-  }
-  for (const auto color : {&S::foreground, &S::background, &S::underlineColor, &S::strikethroughColor, &S::strokeColor}) {
-    mix(hash, style.*color);
-  }
-  for (const auto number : {&S::baselineOffset, &S::kern, &S::expansion, &S::strokeWidth, &S::obliqueness}) {
-    mix(hash, style.*number);
-  }
-  mix(hash, style.link);
-  mix(hash, static_cast<const void*>(style.attachment.get()));
-  mix(hash, style.paragraph);
-  return hash;
-}
-
-}  // namespace
-
 uint32_t DocumentBuilder::intern(const text::Style& style) {
-  const size_t hash = hashOf(style);
+  const size_t hash = text::hashOf(style);
   const auto [first, last] = indices_.equal_range(hash);
   for (auto entry = first; entry != last; ++entry) {
     if (document.styles[entry->second] == style) return entry->second;

@@ -24,8 +24,18 @@ std::string_view content(std::string_view bytes) {
   return bytes;
 }
 
+// The prologue's ASCII, of text in UTF-16 with a byte-order mark too.
+std::string asciiPrologue(std::string_view bytes) {
+  if (!bytes.starts_with("\xFF\xFE") && !bytes.starts_with("\xFE\xFF")) {
+    return std::string(content(bytes).substr(0, prologueLength));
+  }
+  std::string start;
+  for (size_t at = bytes[0] == '\xFF' ? 2 : 3; at < std::min(bytes.size(), 2 * prologueLength); at += 2) start += bytes[at];
+  return std::string(content(start));
+}
+
 std::string lowercasePrologue(std::string_view bytes) {
-  std::string start(content(bytes).substr(0, prologueLength));
+  std::string start = asciiPrologue(bytes);
   std::transform(start.begin(), start.end(), start.begin(),
                  [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 'a' - 'A') : c; });
   return start;

@@ -34,6 +34,39 @@ struct NameAddressHash {
   }
 };
 
+// Elements with more are refused before they are read: the parser compares each attribute with those before it.
+constexpr size_t mostAttributes = 1000;
+
+size_t endOf(std::string_view text, std::string_view mark, size_t from) {
+  const size_t found = text.find(mark, from);
+  return found == text.npos ? text.size() : found + mark.size();
+}
+
+// Where the tag that starts there ends; nothing when it has too many attributes.
+std::optional<size_t> endOfTag(std::string_view text, size_t at) {
+  size_t attributes = 0;
+  for (; at < text.size() && text[at] != '>'; ++at) {
+    if (text[at] == '=' && ++attributes > mostAttributes) return std::nullopt;
+    if (text[at] == '"' || text[at] == '\'') at = std::min(text.find(text[at], at + 1), text.size() - 1);
+  }
+  return at;
+}
+
+bool hasFewAttributes(std::string_view text) {
+  for (size_t at = text.find('<'); at < text.size(); at = text.find('<', at)) {
+    if (text.substr(at).starts_with("<!--")) {
+      at = endOf(text, "-->", at);
+    } else if (text.substr(at).starts_with("<![CDATA[")) {
+      at = endOf(text, "]]>", at);
+    } else {
+      const auto end = endOfTag(text, at);
+      if (!end) return false;
+      at = *end;
+    }
+  }
+  return true;
+}
+
 class Parse {
  public:
   Parse(const NameTable& names, Handler& handler) : names_(names), handler_(handler) {}
@@ -209,6 +242,7 @@ std::optional<std::string_view> Element::find(NameNumber attribute) const {
 }
 
 bool parse(std::span<const uint8_t> bytes, const NameTable& names, Handler& handler) {
+  if (!hasFewAttributes({reinterpret_cast<const char*>(bytes.data()), bytes.size()})) return false;
   Parse parsing(names, handler);
   const bool isGood = parsing.run(bytes);
   if (parsing.fault) std::rethrow_exception(parsing.fault);

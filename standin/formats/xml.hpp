@@ -61,8 +61,8 @@ class Handler {
   ~Handler() = default;
 };
 
-// False when the bytes are not well-formed, are nested deeper than 2,000 elements, or hold no element; what came before the
-// fault was handed over.
+// False when the bytes are not well-formed, are nested deeper than 2,000 elements, have an element with more than
+// 1,000 attributes, or hold no element; what came before the fault was handed over.
 bool parse(std::span<const uint8_t> bytes, const NameTable& names, Handler& handler);
 
 // Text as element content and attribute value: & < > and " escaped, characters that XML cannot hold left out.

@@ -9,8 +9,8 @@
 namespace standin::formats::zip {
 namespace {
 
-// Documents take up to eight times their XML in memory.
-constexpr uint64_t bytesOutPerByteIn = 20, bytesOutAtLeast = uint64_t{16} << 20;
+// Repetitive documents are deflated to a fiftieth, short ones to less.
+constexpr uint64_t bytesOutPerByteIn = 50, bytesOutAtLeast = uint64_t{64} << 20;
 
 struct CloseFile {
   void operator()(zip_file_t* file) const { zip_fclose(file); }

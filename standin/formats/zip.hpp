@@ -11,7 +11,7 @@
 
 namespace standin::formats::zip {
 
-// Reads out no more than 20 times its size and 16 MB, all entries together.
+// Reads out no more than 50 times its size and 64 MB, all entries together.
 class Archive {
  public:
   // Nothing when the bytes are no zip container. They must outlive the archive.

@@ -165,9 +165,7 @@ NSObject* find(NSDictionary* dictionary, NSObject* key) {
   return entry != nullptr ? entry->value : nullptr;
 }
 
-bool keepsEntries(NSDictionary* dictionary) {
-  return stateOf<Object>(dictionary).isa == immutableDictionaryClass.object();
-}
+bool keepsEntries(NSDictionary* dictionary) { return stateOf<Object>(dictionary).isa == immutableDictionaryClass.object(); }
 
 size_t entryCount(NSDictionary* dictionary) { return dictionary != nullptr ? tableOf(dictionary).count() : 0; }
 

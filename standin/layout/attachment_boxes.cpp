@@ -11,8 +11,8 @@ namespace {
 
 // One pixel is a point when the attachment says nothing. A size in one direction keeps the picture's shape.
 Box pictureBox(const text::Attachment& attachment) {
-  const auto size = formats::pictures::sizeOf(attachment.contents);
-  Box box{static_cast<double>(size->width), static_cast<double>(size->height)};
+  const auto size = formats::pictures::sizeOf(attachment.contents).value_or(formats::pictures::Size{1, 1});
+  Box box{static_cast<double>(size.width), static_cast<double>(size.height)};
   const bool hasWidth = std::isfinite(attachment.width) && attachment.width > 0;
   const bool hasHeight = std::isfinite(attachment.height) && attachment.height > 0;
   if (hasWidth && hasHeight) return {attachment.width, attachment.height};
@@ -23,14 +23,12 @@ Box pictureBox(const text::Attachment& attachment) {
 
 }  // namespace
 
-bool isPicture(const text::Attachment& attachment) { return formats::pictures::sizeOf(attachment.contents).has_value(); }
-
-Box AttachmentBoxes::of(const text::Attachment& attachment, double nameWidth) {
+Box AttachmentBoxes::of(const text::Attachment& attachment, double nameWidth, double reserved) {
   const auto [entry, isNew] = boxes_.try_emplace(&attachment);
   if (!isNew) return entry->second;
   const Box box =
-      isPicture(attachment) ? pictureBox(attachment) : Box{std::max(iconSide, nameWidth), iconSide + iconNameHeight};
-  const double scale = std::min({1.0, mostWidth_ / box.width, mostHeight_ / box.height});
+      isPicture_(attachment) ? pictureBox(attachment) : Box{std::max(iconSide, nameWidth), iconSide + iconNameHeight};
+  const double scale = std::min({1.0, mostWidth_ / box.width, std::max(mostHeight_ - reserved, 1.0) / box.height});
   return entry->second = {box.width * scale, box.height * scale};
 }
 

@@ -1,7 +1,9 @@
 // The room that attachments take in a line.
 #pragma once
 
+#include <functional>
 #include <unordered_map>
+#include <utility>
 
 #include "standin/text/attachment.hpp"
 
@@ -14,18 +16,21 @@ struct Box {
 // An attachment that is no picture is an icon with its name below.
 inline constexpr double iconSide = 32, iconNameSize = 9, iconNameHeight = 12;
 
+// Whether an attachment is a picture that pages can show; its header alone does not tell.
+using PictureTest = std::function<bool(const text::Attachment&)>;
+
 class AttachmentBoxes {
  public:
-  // No box is wider or higher than these.
-  AttachmentBoxes(double mostWidth, double mostHeight) : mostWidth_(mostWidth), mostHeight_(mostHeight) {}
-  Box of(const text::Attachment& attachment, double nameWidth);
+  // No box is wider or higher than these. The test is made once for each attachment.
+  AttachmentBoxes(double mostWidth, double mostHeight, PictureTest isPicture)
+      : mostWidth_(mostWidth), mostHeight_(mostHeight), isPicture_(std::move(isPicture)) {}
+  // The width of its name, and what the line needs besides the box's height, count when it is asked for first.
+  Box of(const text::Attachment& attachment, double nameWidth, double reserved);
 
  private:
   double mostWidth_, mostHeight_;
+  PictureTest isPicture_;
   std::unordered_map<const text::Attachment*, Box> boxes_;
 };
-
-// The bytes are a picture that pages can show.
-bool isPicture(const text::Attachment& attachment);
 
 }  // namespace standin::layout

@@ -12,6 +12,9 @@ constexpr double mostLength = 1e5;
 // A length that a paragraph says, in bounds.
 double length(double value) { return std::isfinite(value) ? std::clamp(value, 0.0, mostLength) : 0; }
 
+// The paragraph says something: nothing is said by zero.
+bool isLength(double value) { return std::isfinite(value) && value > 0; }
+
 // The platform measures lines in whole points.
 double rounded(double share, double size) { return std::round(share * size); }
 
@@ -23,11 +26,12 @@ constexpr size_t longestHeading = 200;
 
 }  // namespace
 
-Column::Column(const formats::StyledRuns& styled, Faces& faces, double width, double mostHeight)
+Column::Column(const formats::StyledRuns& styled, Faces& faces, double width, double mostHeight, PictureTest isPicture)
     : width_(std::max(width, 1.0)),
+      mostHeight_(std::max(mostHeight, 1.0)),
       looks_(faces),
       shaper_(faces),
-      boxes_(width_, std::max(mostHeight, 1.0)),
+      boxes_(width_, mostHeight_, std::move(isPicture)),
       cutter_(looks_, shaper_, boxes_),
       filler_(cutter_),
       reader_(styled) {}
@@ -50,31 +54,42 @@ bool Column::layOutParagraph(LineTaker& taker) {
   for (bool isFirst = true;;) {
     uint32_t from = stretch_.end();
     if (!giveLinesOfStretch(taker, isFirst, from)) return false;
-    if (stretch_.endsParagraph) return true;
+    if (endsParagraphAt(from)) return true;
     reader_.read(from, stretch_);
   }
 }
 
 // The last line of a stretch that does not end the paragraph is left to the next stretch, which begins where the line does.
+// A line that is cut short may end in a later one, which is then read.
 bool Column::giveLinesOfStretch(LineTaker& taker, bool& isFirst, uint32_t& from) {
   shaper_.forget();
   filler_.begin(stretch_, *paragraph_, isRightToLeft_);
-  const bool isOneLine = filler_.keepsOneLine();
   for (bool isStart = true; !filler_.isAtEnd() || (isStart && isFirst); isStart = false) {
     const uint32_t start = filler_.isAtEnd() ? stretch_.end() : filler_.position();
     filler_.fill(bounds(isFirst), filled_);
     const bool isIncomplete = filler_.isAtEnd() && !stretch_.endsParagraph;
-    if (isIncomplete && !isStart && !isOneLine) return from = start, true;
-    if (!giveLine(taker, isFirst, filler_.isAtEnd() && stretch_.endsParagraph)) return false;
+    if (isIncomplete && !isStart) return from = start, true;
+    if (isIncomplete && filler_.keepsOneLine()) from = endOfLine();
+    if (!giveLine(taker, isFirst, filler_.isAtEnd() && endsParagraphAt(from))) return false;
     isFirst = false;
   }
   return true;
 }
 
+// Behind the line break that the line being cut short ends with, or where the paragraph ends.
+uint32_t Column::endOfLine() {
+  const auto lineBreak = [&] { return std::find_if(stretch_.units.begin(), stretch_.units.end(), endsLine); };
+  while (lineBreak() == stretch_.units.end() && !stretch_.endsParagraph) reader_.read(stretch_.end(), stretch_);
+  const auto found = lineBreak();
+  if (found == stretch_.units.end()) return stretch_.end();
+  return stretch_.start + static_cast<uint32_t>(found - stretch_.units.begin()) + 1;
+}
+
+// However long the indents are, they leave some room.
 LineBounds Column::bounds(bool isFirst) const {
-  const double indent = length(isFirst ? paragraph_->firstLineIndent : paragraph_->headIndent);
+  const double indent = std::min(length(isFirst ? paragraph_->firstLineIndent : paragraph_->headIndent), width_ - 1);
   const double tail = std::isfinite(paragraph_->tailIndent) ? paragraph_->tailIndent : 0;
-  return {indent, tail > 0 ? std::min(tail, width_) : width_ + tail};
+  return {indent, std::max(indent + 1, std::min(tail > 0 ? tail : width_ + tail, width_))};
 }
 
 bool Column::giveLine(LineTaker& taker, bool isFirst, bool isLast) {
@@ -89,15 +104,15 @@ bool Column::giveLine(LineTaker& taker, bool isFirst, bool isLast) {
 }
 
 // A stretched line is filled by widening its spaces or, when it has none, the gaps between its characters; what stands
-// before its last tab stays where it is.
-void Column::justify(double missing) {
+// before its last tab stays where it is. False when nothing can be widened.
+bool Column::justify(double missing) {
   std::vector<Piece>& pieces = line_.pieces;
   const auto isTab = [](const Piece& piece) { return piece.kind == PieceKind::tab; };
   const auto first = std::find_if(pieces.rbegin(), pieces.rend(), isTab).base();
   const auto end = std::find_if_not(pieces.rbegin(), std::make_reverse_iterator(first), [](const Piece& piece) {
                      return isWhite(piece.kind);
                    }).base();
-  if (end - first < 2) return;
+  if (end - first < 2) return false;
   for (const auto grows : {isSpaceBetweenWords, isGap}) {
     const auto count = [&](const Piece& piece) { return piece.kind == PieceKind::space ? piece.length : 1; };
     double total = 0;
@@ -106,16 +121,17 @@ void Column::justify(double missing) {
     for (auto piece = first; piece != end - 1; ++piece) {
       if (grows(*piece)) piece->width += missing * count(*piece) / total;
     }
-    return;
+    return true;
   }
+  return false;
 }
 
 void Column::place(FilledLine& filled, const LineBounds& bounds) {
   std::swap(line_.pieces, filled.pieces);
   const double missing = std::max(bounds.limit - bounds.indent - filled.width, 0.0);
   auto alignment = paragraph_->alignment;
-  const bool isStretched = alignment == text::Alignment::justified && filled.isBroken && !filler_.keepsOneLine();
-  if (isStretched) justify(missing);
+  const bool isStretched =
+      alignment == text::Alignment::justified && filled.isBroken && !filler_.keepsOneLine() && justify(missing);
   if (alignment == text::Alignment::justified || alignment == text::Alignment::natural) {
     alignment = isRightToLeft_ ? text::Alignment::right : text::Alignment::left;
   }
@@ -140,7 +156,16 @@ void Column::measurePiece(const Piece& piece, double& ascent, double& descent, d
   leading = std::max(leading, rounded(hasWord ? piece.word->leading : face.leading, look.size));
   const auto& attachment = look.style->attachment;
   if (piece.kind != PieceKind::attachment || attachment == nullptr) return;
-  ascent = std::max(ascent, boxes_.of(*attachment, 0).height + look.rise);
+  ascent = std::max(ascent, boxes_.of(*attachment, 0, 0).height + look.rise);
+}
+
+// The height that the paragraph makes of a line's natural one: no paragraph makes it higher than a page.
+double Column::heightOf(double natural) const {
+  double height = natural;
+  if (isLength(paragraph_->lineHeightMultiple)) height *= paragraph_->lineHeightMultiple;
+  height = std::max(height, length(paragraph_->minimumLineHeight));
+  if (isLength(paragraph_->maximumLineHeight)) height = std::min(height, paragraph_->maximumLineHeight);
+  return std::min(height, std::max(natural, mostHeight_));
 }
 
 void Column::measure() {
@@ -150,12 +175,8 @@ void Column::measure() {
     const Look& look = looks_.of(*stretch_.last);
     measurePiece({nullptr, &look, 0, 0, 0, 0, PieceKind::lineBreak}, ascent, descent, leading);
   }
-  double height = ascent + descent + leading;
-  if (paragraph_->lineHeightMultiple > 0) height *= std::min(paragraph_->lineHeightMultiple, 100.0);
-  height = std::max(height, length(paragraph_->minimumLineHeight));
-  if (paragraph_->maximumLineHeight > 0) height = std::min(height, length(paragraph_->maximumLineHeight));
-  line_.height = height;
-  line_.baseline = height - descent - leading;
+  line_.height = heightOf(ascent + descent + leading);
+  line_.baseline = line_.height - descent - leading;
 }
 
 void Column::nameHeading() {

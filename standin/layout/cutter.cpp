@@ -5,6 +5,7 @@
 #include <unicode/utf16.h>
 
 #include <algorithm>
+#include <cmath>
 
 #include "standin/text/font_faces.hpp"
 
@@ -19,10 +20,6 @@ std::optional<PieceKind> kindOf(char16_t unit) {
   switch (unit) {
     case u'\t':
       return PieceKind::tab;
-    case u'\v':
-    case u'\u0085':
-    case u'\u2028':
-      return PieceKind::lineBreak;
     case u'\u00AD':
       return PieceKind::softHyphen;
     case text::attachmentCharacter:
@@ -30,6 +27,7 @@ std::optional<PieceKind> kindOf(char16_t unit) {
     default:
       break;
   }
+  if (endsLine(unit)) return PieceKind::lineBreak;
   if (isSpace(unit)) return PieceKind::space;
   if (unit < 0x20 || unit == 0x7F) return std::nullopt;
   return PieceKind::word;
@@ -86,10 +84,22 @@ void Cutter::add(PieceKind kind, uint32_t from, uint32_t end, bool canBreakAfter
 
 void Cutter::addAttachment(Piece& piece) {
   const auto& attachment = piece.look->style->attachment;
-  if (!pieces_->empty()) pieces_->back().canBreakAfter = true;
+  const uint32_t start = piece.start - stretch_->start;
+  if (!pieces_->empty()) pieces_->back().canBreakAfter = canBreakAt(start);
+  piece.canBreakAfter = canBreakAt(start + piece.length);
   if (attachment == nullptr) return;
   const Word& name = shaper_.word(iconName(*attachment), looks_.choice(iconNameFont(), 1), false);
-  piece.width = boxes_.of(*attachment, name.width * iconNameSize).width;
+  const FaceMeasures& face = piece.look->choice->use.face->measures();
+  const double below = std::ceil(face.descent * piece.look->size) + std::ceil(face.leading * piece.look->size);
+  piece.width = boxes_.of(*attachment, name.width * iconNameSize, below + std::max(piece.look->rise, 0.0)).width;
+}
+
+// Told by the characters on both sides, of which one is an attachment.
+bool Cutter::canBreakAt(uint32_t at) {
+  const auto size = static_cast<uint32_t>(stretch_->units.size());
+  const uint32_t from = at - std::min(at, 2u);
+  const std::vector<uint32_t>& breaks = breaks_.in(units(from, std::min(at + 2, size)));
+  return at == size || std::find(breaks.begin(), breaks.end(), at - from) != breaks.end();
 }
 
 void Cutter::cutWord(uint32_t from, uint32_t end) {

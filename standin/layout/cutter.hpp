@@ -30,6 +30,7 @@ class Cutter {
   uint32_t cutOther(uint32_t at, PieceKind kind);
   void add(PieceKind kind, uint32_t from, uint32_t end, bool canBreakAfter);
   void addAttachment(Piece& piece);
+  bool canBreakAt(uint32_t at);
   std::u16string_view units(uint32_t from, uint32_t end) const;
 
   Looks& looks_;

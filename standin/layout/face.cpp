@@ -3,6 +3,8 @@
 
 #include <hb-ot.h>
 
+#include <algorithm>
+
 namespace standin::layout {
 namespace {
 
@@ -60,6 +62,10 @@ Face::Face(const std::string& path, unsigned index)
 bool Face::has(char32_t character) const {
   hb_codepoint_t glyph = 0;
   return !isEmpty_ && hb_font_get_nominal_glyph(font_.get(), character, &glyph) != 0;
+}
+
+bool Face::hasAll(std::u32string_view characters) const {
+  return std::all_of(characters.begin(), characters.end(), [this](char32_t character) { return has(character); });
 }
 
 bool Face::use(uint32_t glyph, std::u16string_view text) {

@@ -31,6 +31,7 @@ class Face {
   // Its glyphs are pictures.
   bool isPictorial() const { return isPictorial_; }
   bool has(char32_t character) const;
+  bool hasAll(std::u32string_view characters) const;
   // In units of the face.
   int advance(uint32_t glyph) const { return hb_font_get_glyph_h_advance(font_.get(), glyph); }
 

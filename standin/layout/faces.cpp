@@ -152,4 +152,11 @@ FaceUse Faces::forCharacter(char32_t character, const text::Font& font, bool asP
   return own;
 }
 
+FaceUse Faces::forCharacters(std::u32string_view characters, const text::Font& font) {
+  for (const Installed& each : substitutes(font, false)) {
+    if (open(each.file)->hasAll(characters)) return use(each, font);
+  }
+  return {};
+}
+
 }  // namespace standin::layout

@@ -3,6 +3,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -26,6 +27,8 @@ class Faces {
   FaceUse forFont(const text::Font& font);
   // The font's own face when it has the character or no face has it.
   FaceUse forCharacter(char32_t character, const text::Font& font, bool asPicture);
+  // A face that has all of them; nil when there is none.
+  FaceUse forCharacters(std::u32string_view characters, const text::Font& font);
 
   // In the order in which they were opened.
   const std::vector<Face*>& opened() const { return opened_; }

@@ -26,6 +26,9 @@ class LineBreaks {
   std::vector<uint32_t> found_;
 };
 
+// The character ends a line within a paragraph.
+inline bool endsLine(char16_t unit) { return unit == u'\v' || unit == u'\u0085' || unit == u'\u2028'; }
+
 // A space, of those at which lines end and justified lines grow.
 inline bool isSpace(char16_t unit) {
   return unit == u' ' || unit == u'\u3000' || (unit >= 0x2000 && unit <= 0x200B && unit != 0x2007);

@@ -18,10 +18,19 @@ constexpr int mostColumns = 100;
 
 double room(double paper, double first, double second) { return std::max(paper - first - second, leastRoom); }
 
-std::string utf8Of(const std::u16string& text) {
-  std::string bytes;
+// Addresses are ASCII: all else is written as its bytes' numbers.
+std::string addressOf(const std::u16string& text) {
+  std::string bytes, address;
   icu::UnicodeString(text.data(), static_cast<int32_t>(text.size())).toUTF8String(bytes);
-  return bytes;
+  for (const char byte : bytes) {
+    if (byte > 0x20 && byte < 0x7F) {
+      address += byte;
+    } else {
+      (address += '%') += "0123456789ABCDEF"[static_cast<uint8_t>(byte) >> 4];
+      address += "0123456789ABCDEF"[byte & 0xF];
+    }
+  }
+  return address;
 }
 
 }  // namespace
@@ -55,12 +64,13 @@ Pages::Pages(const PageGeometry& geometry, const PageGrid& grid, pdf::File& file
       pageDone_(pageDone),
       list_(file.reserve()) {}
 
-// A line that is higher than a page has one to itself, and is cut off at its end.
+// A line that is higher than a page has one to itself, and is cut off at its end. At the top of a page the space before a
+// line gives way to it.
 bool Pages::take(const Line& line) {
   const bool fits = used_ + line.spaceBefore + line.height <= grid_.height + tolerance;
   if (!fits && hasLines_ && !finishRow()) return false;
   if (!fits && line.height > grid_.height) isClipped_ = true;
-  used_ += line.spaceBefore;
+  used_ += hasLines_ ? line.spaceBefore : std::min(line.spaceBefore, std::max(grid_.height - line.height, 0.0));
   if (line.headingLevel > 0 && isWanted(page_)) noteHeading(line);
   painter_.paint(line, geometry_.linePadding, -used_);
   hasLines_ = true;
@@ -108,16 +118,23 @@ std::string Pages::beginning(double left, double bottom) const {
   return out += "cm\n";
 }
 
+// What of the links lies on the page's part of the view.
 std::string Pages::annotations(double left, double top) const {
+  const double partLeft = geometry_.leftMargin, partTop = geometry_.paperHeight - geometry_.topMargin;
+  const double partRight = partLeft + grid_.width * grid_.scale, partBottom = partTop - grid_.height * grid_.scale;
   std::string out;
   for (const LinkArea& link : painter_.links()) {
+    const double from = std::max(left + link.left * grid_.scale, partLeft);
+    const double end = std::min(left + link.right * grid_.scale, partRight);
+    const double bottom = std::max(top + link.bottom * grid_.scale, partBottom);
+    const double upper = std::min(top + link.top * grid_.scale, partTop);
+    if (from >= end || bottom >= upper) continue;
     out += "<</Type/Annot/Subtype/Link/Border[0 0 0]/Rect[";
-    for (const auto& [value, origin] :
-         {std::pair{link.left, left}, {link.bottom, top}, {link.right, left}, {link.top, top}}) {
-      pdf::appendNumber(out, origin + value * grid_.scale);
+    for (const double value : {from, bottom, end, upper}) {
+      pdf::appendNumber(out, value);
       out += ' ';
     }
-    out += "]/A<</Type/Action/S/URI/URI" + pdf::byteString(utf8Of(link.target)) + ">>>>";
+    out += "]/A<</Type/Action/S/URI/URI" + pdf::byteString(addressOf(link.target)) + ">>>>";
   }
   return out.empty() ? out : "/Annots[" + out + ']';
 }

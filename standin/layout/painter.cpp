@@ -119,14 +119,16 @@ void Painter::paintShadows(Pieces pieces, const LinePlace& place) {
     content_.beginActualText(u"");
     for (int step = 0; step <= steps; ++step) {
       const double angle = 2 * std::numbers::pi * step / blurSteps, away = step == 0 ? 0 : radius;
-      painter.paint(group, place.x + shadow->offsetX + away * std::cos(angle),
-                    place.baseline + shadow->offsetY + away * std::sin(angle), &color);
+      const LinePlace moved{place.x + shadow->offsetX + away * std::cos(angle),
+                            place.baseline + shadow->offsetY + away * std::sin(angle), place.top, place.bottom};
+      painter.paint(group, moved.x, moved.baseline, &color);
+      paintLines(group, moved, &color);
     }
     content_.endActualText();
   });
 }
 
-void Painter::paintLines(Pieces pieces, const LinePlace& place) {
+void Painter::paintLines(Pieces pieces, const LinePlace& place, const text::Color* only) {
   forEachGroup(pieces, haveOneLookAndKind, [&](Pieces group) {
     const text::Style& style = styleOf(group);
     const bool isLink = !style.link.empty() && style.underline == 0;
@@ -134,11 +136,13 @@ void Painter::paintLines(Pieces pieces, const LinePlace& place) {
     if (underline == 0 && style.strikethrough == 0) return;
     const Look& look = *group.front().look;
     const FaceMeasures& face = look.choice->use.face->measures();
-    const text::Color color = foregroundOf(style);
+    const auto colorOf = [&](const std::optional<text::Color>& own) {
+      return only != nullptr ? *only : own.value_or(foregroundOf(style));
+    };
     paintLine(group, place, underline, face.underlinePosition * look.size + look.rise, face.underlineThickness * look.size,
-              style.underlineColor.value_or(color));
+              colorOf(style.underlineColor));
     paintLine(group, place, style.strikethrough, face.strikeoutPosition * look.size + look.rise,
-              face.strikeoutThickness * look.size, style.strikethroughColor.value_or(color));
+              face.strikeoutThickness * look.size, colorOf(style.strikethroughColor));
   });
 }
 
@@ -157,9 +161,9 @@ void Painter::paintAttachments(Pieces pieces, const LinePlace& place) {
   for (const Piece& piece : pieces) {
     const auto& attachment = piece.look->style->attachment;
     if (piece.kind != PieceKind::attachment || attachment == nullptr) continue;
-    const Box box = column_.boxes().of(*attachment, 0);
+    const Box box = column_.boxes().of(*attachment, 0, 0);
     const double x = place.x + piece.x, bottom = place.baseline + piece.look->rise;
-    const std::string image = isPicture(*attachment) ? resources_.imageName(*attachment) : "";
+    const std::string& image = resources_.imageName(*attachment);
     image.empty() ? paintIcon(*attachment, x, bottom, box) : content_.drawImage(image, x, bottom, box.width, box.height);
   }
 }

@@ -37,7 +37,8 @@ class Painter {
 
   void paintBackgrounds(Pieces pieces, const LinePlace& place);
   void paintShadows(Pieces pieces, const LinePlace& place);
-  void paintLines(Pieces pieces, const LinePlace& place);
+  // A color takes the place of all others.
+  void paintLines(Pieces pieces, const LinePlace& place, const text::Color* color = nullptr);
   void paintLine(Pieces pieces, const LinePlace& place, int style, double offset, double thickness,
                  const text::Color& color);
   void paintAttachments(Pieces pieces, const LinePlace& place);

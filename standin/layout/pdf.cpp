@@ -44,7 +44,8 @@ bool writePDF(const formats::StyledRuns& styled, const formats::DocumentInformat
   if (!file.isOpen()) return false;
   Faces faces;
   pdf::Resources resources(file);
-  Column column(styled, faces, geometry.viewWidth - 2 * geometry.linePadding, gridOf(geometry).height);
+  Column column(styled, faces, geometry.viewWidth - 2 * geometry.linePadding, gridOf(geometry).height,
+                [&](const text::Attachment& attachment) { return !resources.imageName(attachment).empty(); });
   const PageGrid grid = gridFor(geometry, column);
   Pages pages(geometry, grid, file, resources, column, pageDone);
   column.layOut(pages);

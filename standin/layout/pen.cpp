@@ -17,11 +17,19 @@ double nextMultiple(double position, double interval) {
   return (std::floor((position + nearness) / interval) + 1) * interval;
 }
 
-bool isNumberMark(char16_t unit) { return unit == u'.' || unit == u','; }
+// Where the number's decimal mark stands: its last point or comma, unless that parts thousands, as one does that is there
+// twice or is a comma before three digits. The text's length when there is none.
+size_t decimalMark(std::u16string_view units) {
+  const size_t digit = units.find_last_of(u"0123456789");
+  const size_t mark = digit == units.npos ? units.npos : units.find_last_of(u".,", digit + 1);
+  if (mark == units.npos) return units.size();
+  const bool partsThousands = units.find(units[mark]) != mark || (units[mark] == u',' && digit == mark + 3);
+  return partsThousands ? units.size() : mark;
+}
 
-// The width of the piece before its first decimal mark; its whole width when it has none.
+// The width of the piece before its decimal mark; its whole width when it has none.
 double widthBeforeMark(const Piece& piece, std::u16string_view units, bool& hasMark) {
-  const auto mark = static_cast<size_t>(std::find_if(units.begin(), units.end(), isNumberMark) - units.begin());
+  const size_t mark = decimalMark(units);
   hasMark = piece.word != nullptr && mark < units.size();
   if (!hasMark) return piece.width;
   double width = 0;

@@ -2,7 +2,9 @@
 #include "standin/layout/shaper.hpp"
 
 #include <hb.h>
+#include <unicode/normalizer2.h>
 #include <unicode/uchar.h>
+#include <unicode/unistr.h>
 #include <unicode/uscript.h>
 #include <unicode/utf16.h>
 
@@ -44,6 +46,42 @@ bool isPicture(UChar32 character, UChar32 next) {
   constexpr UChar32 pictureSelector = 0xFE0F, textSelector = 0xFE0E;
   if (character < 0x2000) return next == pictureSelector && character > 0x20;
   return next == pictureSelector || (next != textSelector && u_hasBinaryProperty(character, UCHAR_EMOJI_PRESENTATION));
+}
+
+// Drawn onto the character before it.
+bool isMark(UChar32 character) {
+  return (U_GET_GC_MASK(character) & U_GC_M_MASK) != 0 &&
+         !u_hasBinaryProperty(character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
+}
+
+// Where the character ends that begins there, with all that follows it or is joined to it.
+uint32_t clusterEnd(std::u16string_view units, uint32_t at) {
+  for (at += unitsOf(characterAt(units, at)); at < units.size();) {
+    const UChar32 character = characterAt(units, at);
+    if (!followsOthers(character) && units[at - 1] != u'\u200D') break;
+    at += unitsOf(character);
+  }
+  return at;
+}
+
+// What has to be drawn of the text, once it is composed or decomposed.
+std::u32string drawnOf(const icu::UnicodeString& text, const icu::Normalizer2* form) {
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::UnicodeString formed = form->normalize(text, status);
+  std::u32string characters;
+  for (int32_t at = 0; at < formed.length(); at = formed.moveIndex32(at, 1)) {
+    const UChar32 character = formed.char32At(at);
+    const bool isDrawn = !u_hasBinaryProperty(character, UCHAR_DEFAULT_IGNORABLE_CODE_POINT);
+    if (isDrawn) characters += static_cast<char32_t>(character);
+  }
+  return characters;
+}
+
+bool hasMark(std::u16string_view cluster) {
+  for (uint32_t at = unitsOf(characterAt(cluster, 0)); at < cluster.size(); at += unitsOf(characterAt(cluster, at))) {
+    if (isMark(characterAt(cluster, at))) return true;
+  }
+  return false;
 }
 
 UScriptCode scriptOf(UChar32 character) {
@@ -88,23 +126,42 @@ void Shaper::forget() {
   unitsHeld_ = 0;
 }
 
+// A character's face has its marks as well when there is such a face; otherwise the marks come from others.
+FaceUse Shaper::faceOf(std::u16string_view cluster, const FontChoice& choice, bool& lacksMarks) {
+  const UChar32 character = characterAt(cluster, 0);
+  const uint32_t next = unitsOf(character);
+  const bool asPicture = isPicture(character, next < cluster.size() ? characterAt(cluster, next) : 0);
+  const FaceUse use = faces_.forCharacter(static_cast<char32_t>(character), choice.font, asPicture);
+  if (asPicture || !hasMark(cluster)) return use;
+  UErrorCode status = U_ZERO_ERROR;
+  const icu::UnicodeString text(cluster.data(), static_cast<int32_t>(cluster.size()));
+  const std::u32string decomposed = drawnOf(text, icu::Normalizer2::getNFDInstance(status));
+  if (use.face->hasAll(decomposed) || use.face->hasAll(drawnOf(text, icu::Normalizer2::getNFCInstance(status)))) return use;
+  const FaceUse other = faces_.forCharacters(decomposed, choice.font);
+  lacksMarks = other.face == nullptr;
+  return lacksMarks ? use : other;
+}
+
 std::vector<Shaper::Part> Shaper::partsOf(std::u16string_view units, const FontChoice& choice) {
   std::vector<Part> parts;
-  for (uint32_t at = 0; at < units.size();) {
-    const UChar32 character = characterAt(units, at);
-    const uint32_t next = at + unitsOf(character);
-    const UChar32 following = next < units.size() ? characterAt(units, next) : 0;
-    const UScriptCode script = scriptOf(character);
-    const bool follows = !parts.empty() && (followsOthers(character) || units[at - 1] == u'\u200D');
-    const FaceUse use =
-        follows ? parts.back().use
-                : faces_.forCharacter(static_cast<char32_t>(character), choice.font, isPicture(character, following));
+  const auto add = [&](uint32_t start, uint32_t end, const FaceUse& use, UScriptCode script) {
     const bool joins = !parts.empty() && parts.back().use == use &&
                        (script == parts.back().script || script == USCRIPT_COMMON || parts.back().script == USCRIPT_COMMON);
-    if (!joins) parts.push_back({at, at, use, USCRIPT_COMMON});
-    parts.back().end = next;
+    if (!joins) parts.push_back({start, start, use, USCRIPT_COMMON});
+    parts.back().end = end;
     if (script != USCRIPT_COMMON) parts.back().script = script;
-    at = next;
+  };
+  for (uint32_t at = 0; at < units.size();) {
+    const uint32_t end = clusterEnd(units, at);
+    bool lacksMarks = false;
+    const FaceUse use = faceOf(units.substr(at, end - at), choice, lacksMarks);
+    for (uint32_t next; at < end; at = next) {
+      const UChar32 character = characterAt(units, at);
+      next = at + unitsOf(character);
+      const bool isAlone = lacksMarks && isMark(character);
+      add(at, next, isAlone ? faces_.forCharacter(static_cast<char32_t>(character), choice.font, false) : use,
+          scriptOf(character));
+    }
   }
   return parts;
 }

@@ -55,6 +55,7 @@ class Shaper {
 
   Word shaped(std::u16string_view units, const FontChoice& choice, bool isRightToLeft);
   std::vector<Part> partsOf(std::u16string_view units, const FontChoice& choice);
+  FaceUse faceOf(std::u16string_view cluster, const FontChoice& choice, bool& lacksMarks);
   GlyphRun shapedRun(std::u16string_view units, const Part& part, const FontChoice& choice, bool isRightToLeft);
 
   Faces& faces_;

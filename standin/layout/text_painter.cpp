@@ -121,7 +121,9 @@ void TextPainter::paintPiece(const Piece& piece, double x, double baseline) {
   const Look& look = *piece.look;
   double at = x + piece.x;
   for (const GlyphRun& run : piece.word->runs) {
-    if (!run.use.face->isEmpty()) {
+    if (color_ != nullptr && run.use.face->isPictorial()) {
+      stopShowing();
+    } else if (!run.use.face->isEmpty()) {
       run.shown.empty() ? placeRun(run, look, at, baseline + look.rise) : showRun(run, look, at, baseline + look.rise);
     }
     if (piece.word->runs.size() > 1) at += widthOf(run, look);

@@ -15,7 +15,8 @@ class TextPainter {
  public:
   TextPainter(pdf::Content& content, pdf::Resources& resources) : content_(content), resources_(resources) {}
 
-  // Pieces stand from left to right, their places being relative to x. A color takes the place of all others.
+  // Pieces stand from left to right, their places being relative to x. A color takes the place of all others,
+  // and leaves out what is a picture.
   void paint(std::span<const Piece> pieces, double x, double baseline, const text::Color* color = nullptr);
 
  private:

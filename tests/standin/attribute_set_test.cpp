@@ -94,4 +94,23 @@ TEST(AttributeSet, KeepsKeysValuesAndItsDictionaryAlive) {
   NSObject::release(dictionary);
 }
 
+// A dictionary whose set is known is still read when the set has gone, or when the dictionary can change.
+TEST(AttributeSet, IsThatOfWhatADictionaryHoldsNow) {
+  using standin::appkit::attributeSetOf;
+  const Owned<NSNumber> one = newNumber(1), two = newNumber(2);
+  const Owned<NSDictionary> fixed = standin::foundation::newDictionary({{alpha, one.get()}});
+  for (int round = 0; round < 3; ++round) {
+    const AttributeSet known = attributeSetOf(fixed);
+    EXPECT_EQ(known, attributeSetOf(fixed));
+    EXPECT_EQ(known.find(alpha), one.get());
+  }
+  const AttributeSet inItsPlace = set({{alpha, two}});
+  EXPECT_EQ(attributeSetOf(fixed).find(alpha), one.get());
+
+  const Owned<NSMutableDictionary> changing = standin::foundation::newMutableDictionary(fixed);
+  EXPECT_EQ(attributeSetOf(changing).find(alpha), one.get());
+  standin::foundation::set(changing, alpha, two);
+  EXPECT_EQ(attributeSetOf(changing), inItsPlace);
+}
+
 }  // namespace

@@ -243,9 +243,10 @@ TEST(AttributedStringEditing, GivesCharactersAFontThatHasThem) {
     Mutable::fixFontAttributeInRange(string, range);
     return runs(string, NSFontAttributeName);
   };
-  // Hebrew in a Latin font; the mark and the space go with the letters before them.
-  EXPECT_EQ(fixed("ab cd \u05E9\u05B8\u05DC \u05DD.", {0, 12}),
-            "ab| cd (Helvetica-Bold)|\u05E9\u05B8\u05DC \u05DD(" + bold + ")|.(Helvetica-Bold)");
+  // Hebrew in a Latin font; the mark goes with the letter before it, the space is the font's own.
+  EXPECT_EQ(
+      fixed("ab cd \u05E9\u05B8\u05DC \u05DD.", {0, 12}),
+      "ab| cd (Helvetica-Bold)|\u05E9\u05B8\u05DC(" + bold + ")| (Helvetica-Bold)|\u05DD(" + bold + ")|.(Helvetica-Bold)");
   EXPECT_EQ(fixed("ab\u05E9\u05DC", {3, 1}), "ab|\u05E9(Helvetica-Bold)|\u05DC(" + bold + ")");
   // Without a font of their own only those characters get one that need it.
   EXPECT_EQ(fixed("\u05E9b", {0, 2}), "\u05E9(" + regular + ")|b");

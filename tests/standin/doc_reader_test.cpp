@@ -334,8 +334,9 @@ TEST(DocReader, ListsCountAndIndent) {
   EXPECT_EQ(found.text, u"\t3.\ta\n\t3.a)\tb\n\t3.b)\tc\n\t4.\td\n\t\u2022\te\n\t10.\tf\ng\nh");
   const auto& paragraph = styleOf(found, u'a').paragraph;
   EXPECT_EQ(paragraph.headIndent, 36);
-  EXPECT_EQ(paragraph.firstLineIndent, 18);
+  EXPECT_EQ(paragraph.firstLineIndent, 0);
   ASSERT_TRUE(paragraph.tabs);
+  EXPECT_EQ(paragraph.tabs->front().position, 18);
   EXPECT_EQ(paragraph.tabs->back().position, 36);
 }
 

@@ -66,6 +66,10 @@ TEST(Xml, DamageAndDepthAreErrors) {
   std::string deep;
   for (int level = 0; level < 100'000; ++level) deep += "<plain>";
   recorded(deep, false);
+  std::string wide = "<plain";
+  for (int index = 0; index < 100'000; ++index) wide += " a" + std::to_string(index) + "=''";
+  recorded(wide + "/>", false);
+  recorded("<plain><!-- ' = --><![CDATA[\" =]]></plain>");
   deep.resize(1'900 * 7);
   for (int level = 0; level < 1'900; ++level) deep += "</plain>";
   recorded(deep);
@@ -95,7 +99,7 @@ TEST(Zip, EntriesReadBack) {
 TEST(Zip, DamageIsNoArchiveAndBombsEndAtTheBound) {
   EXPECT_FALSE(zip::Archive::open({}));
   EXPECT_FALSE(zip::Archive::open(bytesOf("PK\3\4 nonsense")));
-  const auto bomb = zip::write({{"a", std::string(12 << 20, '\0')}, {"b", std::string(12 << 20, '\0')}, {"c", "c"}});
+  const auto bomb = zip::write({{"a", std::string(60 << 20, '\0')}, {"b", std::string(60 << 20, '\0')}, {"c", "c"}});
   ASSERT_TRUE(bomb);
   auto archive = zip::Archive::open(bytesOf(*bomb));
   ASSERT_TRUE(archive);

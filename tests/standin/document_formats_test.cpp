@@ -130,6 +130,7 @@ TEST(DocumentFormats, PlainTextIsReadInTheEncodingThatItIsIn) {
       {"\xFE\xFF\0A\0\xFC"s, 5, "Aü", 10},
       {"\xFF\xFE\x3D\xD8\x00\xDE"s, 0, "😀", 10},
       {"\xFF\xFE\0\0A\0\0\0"s, 0, "A", 0x8C000100},
+      {"\xFF\xFE\0\0A\0\0\0"s, 10, "\0A\0"s, 10},
       {"\xFF\xFEodd"s, 0, "ˇ˛odd", 30},
   };
   for (const auto& row : rows) {
@@ -210,6 +211,11 @@ TEST(DocumentFormats, DocumentAttributesComeBackFromRichText) {
       EXPECT_EQ(describe(again[static_cast<NSString*>(key)]), describe(value)) << utf8(key);
     });
   }
+  // Keywords in one string are a list all the same.
+  NSDictionary* words =
+      with({{NSDocumentTypeDocumentAttribute, NSRTFTextDocumentType}, {NSKeywordsDocumentAttribute, ns("one, two words")}});
+  EXPECT_EQ(describe(fromData(written(styled("text"), words))[NSKeywordsDocumentAttribute]),
+            describe(NSDictionary::objectForKey(attributes, NSKeywordsDocumentAttribute)));
   NSDictionary* nonsense = with({{NSDocumentTypeDocumentAttribute, NSRTFTextDocumentType},
                                  {NSTitleDocumentAttribute, number(1)},
                                  {NSLeftMarginDocumentAttribute, ns("wide")},

@@ -371,6 +371,23 @@ TEST(DocxReader, PicturesAreAttachmentsOfTheirSizeInTheText) {
   EXPECT_EQ(styleAt(document, 3).attachment, nullptr);
 }
 
+// Otherwise each of thousands of bullets would be compared with all before it.
+TEST(DocxReader, APictureShownOftenInOneSizeIsOneAttachment) {
+  const auto drawing = [](int width) {
+    return "<w:r><w:drawing><wp:extent cx=\"" + std::to_string(width) +
+           "\" cy=\"127000\"/><a:blip r:embed=\"picture\"/>"
+           "</w:drawing></w:r>";
+  };
+  std::string paragraphs;
+  for (int count = 0; count < 50; ++count) paragraphs += paragraph(drawing(254000) + text("a"));
+  const Document document = readDocx(paragraphs + paragraph(drawing(127000)), {{"word/media/p.png", tests::pixel}});
+  ASSERT_EQ(document.text.size(), 50 * 3 + 1u);
+  const auto& first = styleAt(document, 0).attachment;
+  ASSERT_NE(first, nullptr);
+  for (size_t at = 3; at < 150; at += 3) EXPECT_EQ(styleAt(document, at).attachment, first) << at;
+  EXPECT_EQ(styleAt(document, 150).attachment->width, 10);
+}
+
 TEST(DocxReader, ReadsPropertiesSettingsAndThePage) {
   const std::string core =
       "<cp:coreProperties xmlns:cp=\"http://schemas.openxmlformats.org/package/2006/metadata/core-properties\" "

@@ -133,6 +133,29 @@ TEST(Words, AreCutBetweenCharactersAndShapedByFace) {
   EXPECT_EQ(&shaper.word(u"abcdef", choice, false), &shaper.word(u"abcdef", choice, false));
 }
 
+TEST(Words, HaveAllTheirMarks) {
+  const struct {
+    const char* font;
+    std::u16string word;
+    size_t runs;
+  } rows[] = {
+      {"Helvetica", u"e\u0301", 1},       {"Helvetica", u"e\u0323", 1},      {"Helvetica", u"i\u0330", 1},
+      {"Helvetica", u"ae\u0323b", 3},     {"Helvetica", u"x\u20D7", 1},      {"Times-Roman", u"\u03B2\u0301", 1},
+      {"Times-Roman", u"o\u0361o", 2},    {"Helvetica", u"\u00E9\u0323", 1}, {"Helvetica", u"\u65E5\u0323\u20D7", 2},
+      {"Helvetica", u"a\u0301\uFE0F", 1},
+  };
+  for (const auto& row : rows) {
+    Faces faces;
+    Shaper shaper(faces);
+    const text::Font font = *text::fontNamed(row.font, 10);
+    const Word& word = shaper.word(row.word, {0, font, faces.forFont(font), 1}, false);
+    EXPECT_EQ(word.runs.size(), row.runs) << testing::PrintToString(row.word);
+    for (const GlyphRun& run : word.runs) {
+      for (const Glyph& glyph : run.glyphs) EXPECT_NE(glyph.id, 0u) << testing::PrintToString(row.word);
+    }
+  }
+}
+
 TEST(Faces, StandForTheFontsThatDocumentsName) {
   const std::pair<const char*, const char*> rows[] = {
       {"Helvetica", "NimbusSans-Regular"},           {"Helvetica-Bold", "NimbusSans-Bold"},

@@ -58,11 +58,13 @@ Style fixedPitch() {
   return style;
 }
 
+bool nothingIsPicture(const text::Attachment&) { return false; }
+
 std::vector<Laid> laidOut(std::u16string_view text, const Style& style, double width = 60) {
   const StyledRuns styled{text::Text::utf16(text), {{static_cast<uint32_t>(text.size()), &style}}};
   Faces faces;
   Collector collector(text);
-  Column(styled, faces, width, 500).layOut(collector);
+  Column(styled, faces, width, 500, nothingIsPicture).layOut(collector);
   return std::move(collector.lines);
 }
 
@@ -89,6 +91,8 @@ TEST(Layout, BreaksLinesWhereTextAllowsIt) {
       {u"abcd non\u00A0break", {u"abcd ", u"non\u00A0break"}},
       {u"one\u2028two", {u"one\u2028", u"two"}},
       {u"one\n\ntwo\r\nthree\u2029four", {u"one", u"", u"two", u"three", u"four"}},
+      {u"ab cdefgh(\uFFFC)x", {u"ab ", u"cdefgh(\uFFFC)x"}},
+      {u"ab cdefg\uFFFC\uFFFCijk", {u"ab cdefg\uFFFC\uFFFC", u"ijk"}},
       {u"inter\u00ADnational", {u"inter\u00AD", u"national"}},
       {u"short\u00ADly", {u"short\u00ADly"}},
       {u"e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301",
@@ -115,6 +119,32 @@ TEST(Layout, BreaksByModeAndKeepsOneLineWhenAsked) {
   ASSERT_EQ(lines.size(), 1u);
   EXPECT_LE(lines[0].pieces.back().x + lines[0].pieces.back().width, 60.01);
   EXPECT_TRUE(lines[0].text.starts_with(u"one two t"));
+}
+
+TEST(Layout, KeepsOneLineHoweverLongTheTextIs) {
+  for (const int mode : {2, 4}) {
+    Style style = fixedPitch();
+    style.paragraph.lineBreakMode = mode;
+    for (const size_t length : {100u, 32'760u, 32'768u, 40'000u, 100'000u}) {
+      const std::u16string filling(length, u'x');
+      const struct {
+        std::u16string text;
+        size_t lines;
+      } rows[] = {{filling, 1},
+                  {filling + u"\u2028end", 2},
+                  {u"first\u2028" + filling + u"\u2028" + filling + u"\nnext", 4},
+                  {filling + u"\u2028\nnext", 2},
+                  {filling + u"\fnext", 2}};
+      for (const auto& row : rows) {
+        const auto lines = laidOut(row.text, style);
+        EXPECT_EQ(lines.size(), row.lines) << mode << ' ' << length;
+        EXPECT_EQ(lines.front().endsPage, row.text.ends_with(u"\fnext")) << mode << ' ' << length;
+        EXPECT_EQ(lines[0].text == u"first\u2028", row.lines == 4) << mode << ' ' << length;
+        const std::u16string last = lines.back().text;
+        EXPECT_TRUE(row.lines == 1 || last == u"end" || last == u"next") << mode << ' ' << length;
+      }
+    }
+  }
 }
 
 TEST(Layout, AlignsLinesWithinTheirIndents) {
@@ -155,6 +185,9 @@ TEST(Layout, StretchesAllButTheLastLineOfAJustifiedParagraph) {
   EXPECT_NEAR(lines[0].pieces[4].x + lines[0].pieces[4].width, 60, 0.01);
   EXPECT_NEAR(lines[1].pieces[2].x, 48, 0.01);
   EXPECT_NEAR(lines[2].pieces[2].x, 12, 0.01);
+  // One word that fills no line cannot be stretched: it stays where its direction begins.
+  const auto unstretched = laidOut(u"\u05D0\u05D1 unbreakable", style).front();
+  EXPECT_NEAR(unstretched.pieces.back().x + unstretched.pieces.back().width, 60, 0.01);
 }
 
 TEST(Layout, IndentsFirstAndOtherLinesAndTheirEnds) {
@@ -163,10 +196,9 @@ TEST(Layout, IndentsFirstAndOtherLinesAndTheirEnds) {
     Lines lines;
     double secondX;
   } rows[] = {
-      {24, 0, 0, {u"ab cd ", u"ef gh"}, 0},
-      {0, 30, 0, {u"ab cd ef ", u"gh"}, 30},
-      {0, 0, 30, {u"ab cd ", u"ef gh"}, 0},
-      {0, 6, -24, {u"ab cd ", u"ef gh"}, 6},
+      {24, 0, 0, {u"ab cd ", u"ef gh"}, 0},         {0, 30, 0, {u"ab cd ef ", u"gh"}, 30},
+      {0, 0, 30, {u"ab cd ", u"ef gh"}, 0},         {0, 6, -24, {u"ab cd ", u"ef gh"}, 6},
+      {0, 1000, 0, {u"ab cd ef ", u"g", u"h"}, 59}, {0, 0, 1000, {u"ab cd ef ", u"gh"}, 0},
   };
   for (const auto& row : rows) {
     Style style = fixedPitch();
@@ -196,6 +228,11 @@ TEST(Layout, PutsTextAtTabStopsOfEachKind) {
       {std::vector<text::TabStop>{{60, TabKind::center}}, 0, u"a\tbcd", {51}},
       {std::vector<text::TabStop>{{60, TabKind::decimal}}, 0, u"a\t12.345", {48}},
       {std::vector<text::TabStop>{{60, TabKind::decimal}}, 0, u"a\t12", {48}},
+      {std::vector<text::TabStop>{{60, TabKind::decimal}}, 0, u"a\t12,5", {48}},
+      {std::vector<text::TabStop>{{60, TabKind::decimal}}, 0, u"a\t1,234.5", {30}},
+      {std::vector<text::TabStop>{{60, TabKind::decimal}}, 0, u"a\t1.234,5", {30}},
+      {std::vector<text::TabStop>{{60, TabKind::decimal}}, 0, u"a\t1,234", {30}},
+      {std::vector<text::TabStop>{{80, TabKind::decimal}}, 0, u"a\t1.234.567", {26}},
       {std::vector<text::TabStop>{{20, TabKind::right}}, 0, u"ab\tcdefg", {12}},
       {std::vector<text::TabStop>{{60, TabKind::right}, {100}}, 0, u"a\tb\tc", {54, 100}},
   };
@@ -226,6 +263,10 @@ TEST(Layout, MeasuresLinesAndTheSpaceBetweenThem) {
       {"minimum", [](auto& it) { it.minimumLineHeight = 30; }, 30, 30, 60},
       {"maximum", [](auto& it) { it.maximumLineHeight = 8; }, 8, 8, 16},
       {"multiple", [](auto& it) { it.lineHeightMultiple = 2; }, 2 * natural, 2 * natural, 4 * natural},
+      {"endless maximum", [](auto& it) { it.maximumLineHeight = INFINITY; }, natural, natural, 2 * natural},
+      {"endless multiple", [](auto& it) { it.lineHeightMultiple = INFINITY; }, natural, natural, 2 * natural},
+      {"more than a page", [](auto& it) { it.minimumLineHeight = 1000; }, 500, 500, 1000},
+      {"many times", [](auto& it) { it.lineHeightMultiple = 1000; }, 500, 500, 1000},
       {"line spacing", [](auto& it) { it.lineSpacing = 5; }, natural, natural + 5, 2 * natural + 10},
       {"paragraphs", [](auto& it) { it.spacingBefore = 3, it.spacingAfter = 4; }, natural, natural + 3, 2 * natural + 10},
       {"nonsense", [](auto& it) { it.lineSpacing = -9, it.spacingAfter = NAN; }, natural, natural, 2 * natural},
@@ -253,7 +294,7 @@ TEST(Layout, RaisedAndLargeTextMakesItsLineHigher) {
     const StyledRuns styled{text::Text::utf16(u"ab"), {{1, &plain}, {1, &changed}}};
     Faces faces;
     Collector collector(u"ab");
-    Column(styled, faces, 60, 500).layOut(collector);
+    Column(styled, faces, 60, 500, nothingIsPicture).layOut(collector);
     ASSERT_EQ(collector.lines.size(), 1u);
     EXPECT_GT(collector.lines[0].height, natural + 1);
   }
@@ -322,7 +363,7 @@ TEST(Layout, ShapesAWordThatChangesItsStyle) {
   const StyledRuns styled{text::Text::utf16(u"half half-half"), {{7, &plain}, {7, &bold}}};
   Faces faces;
   Collector collector(u"half half-half");
-  Column(styled, faces, 60, 500).layOut(collector);
+  Column(styled, faces, 60, 500, nothingIsPicture).layOut(collector);
   ASSERT_EQ(collector.lines.size(), 2u);
   EXPECT_EQ(collector.lines[0].text, u"half half-");
   EXPECT_EQ(collector.lines[1].text, u"half");

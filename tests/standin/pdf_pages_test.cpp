@@ -12,6 +12,7 @@
 #include <cmath>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -144,6 +145,37 @@ TEST(PdfPages, StandWhereTheMarginsPutThem) {
   }
 }
 
+TEST(PdfPages, PutEmojiAmongTheWords) {
+  const auto words = Printed(u"one \U0001F600 two\nthree \U0001F44D\U0001F3FD four").page(1)->text_list();
+  std::string order;
+  for (const auto& word : words) {
+    const auto utf8 = word.text().to_utf8();
+    order.append(utf8.begin(), utf8.end());
+    order += ' ';
+    EXPECT_NEAR(word.bbox().height(), 13, 4);
+  }
+  EXPECT_EQ(order, "one \U0001F600 two three \U0001F44D\U0001F3FD four ");
+}
+
+TEST(PdfPages, ShowTextThatItsParagraphPushesAway) {
+  const std::function<void(text::Paragraph&)> changes[] = {
+      [](auto& it) { it.spacingBefore = 800; }, [](auto& it) { it.minimumLineHeight = 1000; },
+      [](auto& it) { it.lineHeightMultiple = 1000; }, [](auto& it) { it.spacingAfter = it.lineSpacing = 5000; },
+      [](auto& it) { it.firstLineIndent = it.headIndent = 1000; }};
+  for (const auto& change : changes) {
+    const Style style = changed([&](Style& it) { change(it.paragraph); });
+    const Printed printed({{u"I\nx", style}});
+    std::string words;
+    for (int page = 1; page <= printed.document->pages(); ++page) {
+      for (const auto& box : printed.page(page)->text_list()) {
+        words += box.text().to_latin1();
+        EXPECT_TRUE(box.bbox().right() < 595 && box.bbox().bottom() < 842) << &change - changes;
+      }
+    }
+    EXPECT_EQ(words, "Ix") << &change - changes;
+  }
+}
+
 TEST(PdfPages, AreCutBetweenLines) {
   // 14 points a line make 49 lines of a page of 698 points.
   const Printed printed(lines(120));
@@ -223,11 +255,11 @@ TEST(PdfPages, HaveLinksHeadingsAndInformation) {
   information.properties.keywords = u"one, two";
   const Printed printed({{u"Chapter\n", changed([](Style& style) { style.paragraph.headerLevel = 1; })},
                          {u"Section\n", changed([](Style& style) { style.paragraph.headerLevel = 2; })},
-                         {u"a link", changed([](Style& style) { style.link = u"http://example.org/(a)"; })},
+                         {u"a link", changed([](Style& style) { style.link = u"http://example.org/(a) \u00E9"; })},
                          {u" and\f", Style()},
                          {u"Next", changed([](Style& style) { style.paragraph.headerLevel = 1; })}},
                         {}, information);
-  EXPECT_NE(printed.bytes.find("/URI(http://example.org/\\(a\\))"), std::string::npos);
+  EXPECT_NE(printed.bytes.find("/URI(http://example.org/\\(a\\)%20%C3%A9)"), std::string::npos);
   EXPECT_EQ(printed.document->get_title(), poppler::ustring::from_utf8("Title \u00E9"));
   EXPECT_EQ(printed.document->get_author().to_latin1(), "Author");
   EXPECT_EQ(printed.document->get_keywords().to_latin1(), "one, two");
@@ -259,6 +291,20 @@ TEST(PdfPages, ShowColorsLinesAndShadows) {
          style.shadow = text::Shadow{0, -40, 0, color};
        },
        100, 2000},
+      {"shadow of a line",
+       [](Style& style, const auto& color) {
+         style.foreground = style.underlineColor = rgb(1, 1, 1);
+         style.underline = 2;
+         style.shadow = text::Shadow{0, -40, 0, color};
+       },
+       1800, 4000},
+      {"faint outline",
+       [](Style& style, const auto& color) {
+         style.foreground = color;
+         style.strokeWidth = -1;
+         style.strokeColor = text::Color{text::ColorSpace::deviceRGB, {0, 0, 1}, 0.1};
+       },
+       100, 3000},
       {"hollow", [](Style& style, const auto& color) { style.strokeWidth = 5, style.strokeColor = color; }, 100, 3000},
       {"stroked", [](Style& style, const auto& color) { style.strokeWidth = -5, style.strokeColor = color; }, 100, 3000},
   };
@@ -317,6 +363,50 @@ TEST(PdfPages, ShowPicturesNoLargerThanTheLineAndOtherFilesAsIcons) {
     EXPECT_NE(printed.words(1).find("after"), std::string::npos);
     EXPECT_NE(printed.words(1).find("notes.txt"), std::string::npos);
   }
+}
+
+TEST(PdfPages, LeavePicturesOutOfShadows) {
+  Style style;
+  style.font = text::fontNamed("Helvetica", 40);
+  const int yellow = Printed({{u"\U0001F600", style}}).pixelsOf(255, 200, 60);
+  EXPECT_GT(yellow, 20);
+  style.shadow = text::Shadow{100, -100, 0, rgb(1, 0, 0)};
+  EXPECT_EQ(Printed({{u"\U0001F600", style}}).pixelsOf(255, 200, 60), yellow);
+}
+
+TEST(PdfPages, ShowPicturesWithTheirLineAndIconsForBrokenOnes) {
+  std::string pixels(40 * 80 * 4, '\x7F');
+  const std::span bytes(reinterpret_cast<const uint8_t*>(pixels.data()), pixels.size());
+  const std::string png = *standin::formats::pictures::encode(bytes, {40, 80});
+  const auto wordAfter = [](const std::string& contents, double height) {
+    Style style;
+    style.attachment = std::make_shared<text::Attachment>(attachment(contents, 0, height));
+    const auto words = Printed({{u"\uFFFCgap", style}}).page(1)->text_list();
+    return words.back().bbox();
+  };
+  // A picture as high as the page leaves room for what hangs below the line.
+  EXPECT_LE(wordAfter(png, 5000).bottom(), 842 - 72 + 1);
+  // The header alone makes no picture: an icon is far smaller.
+  const std::string broken = png.substr(0, 40);
+  EXPECT_LT(wordAfter(broken, 5000).bottom(), 72 + 70);
+}
+
+TEST(PdfPages, HaveTheLinksOfWhatTheyShow) {
+  PageGeometry geometry;
+  geometry.viewWidth = 902;
+  const auto linked = [](const char16_t* target) { return changed([&](Style& style) { style.link = target; }); };
+  const Printed printed({{std::u16string(10, u'n') + u' ', linked(u"x:near")},
+                         {std::u16string(60, u'n') + u' ', Style()},
+                         {std::u16string(10, u'n'), linked(u"x:far")}},
+                        geometry);
+  ASSERT_EQ(printed.document->pages(), 2);
+  const auto count = [&](const std::string& part) {
+    int found = 0;
+    for (size_t at = printed.bytes.find(part); at != std::string::npos; at = printed.bytes.find(part, at + 1)) ++found;
+    return found;
+  };
+  EXPECT_EQ(count("(x:near)"), 1);
+  EXPECT_EQ(count("(x:far)"), 1);
 }
 
 TEST(PdfPages, SurviveNonsense) {

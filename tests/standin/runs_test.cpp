@@ -103,7 +103,7 @@ void editBoth(AnyRuns& runs, Model& model, const Palette& palette, RandomEdits& 
   const uint32_t count = random.oneIn(12) ? random.upTo(model.size() - from)
                                           : std::min(random.upTo(6), static_cast<uint32_t>(model.size()) - from);
   const AttributeSet& style = palette[random.upTo(palette.size() - 1)];
-  switch (random.upTo(4)) {
+  switch (random.upTo(5)) {
     case 0:
       runs.remove(from, count);
       replace(model, from, count, {});
@@ -124,6 +124,13 @@ void editBoth(AnyRuns& runs, Model& model, const Palette& palette, RandomEdits& 
       const auto restyled = [&](const AttributeSet& own) { return own.handle() % 2 == 0 ? style : own; };
       runs.restyle(from, count, restyled);
       for (uint32_t unit = from; unit < from + count; ++unit) model[unit] = restyled(AttributeSet(model[unit])).handle();
+      break;
+    }
+    case 4: {
+      const uint32_t inserted = random.upTo(3);
+      const AttributeHandle inherited = model.empty() ? 0 : model[count > 0 || from == 0 ? from : from - 1];
+      replace(model, from, count, Model(inserted, inherited));
+      runs.spliceInheriting(from, count, inserted);
       break;
     }
     default:

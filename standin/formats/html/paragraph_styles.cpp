@@ -52,8 +52,11 @@ text::Style characterStyleOf(const css::ComputedStyle& style, double sizeFactor)
 
 size_t ParagraphBuilder::RunHash::operator()(const Run& run) const {
   uint64_t hash = run.length;
-  for (const uint32_t part : {run.style, run.link, run.picture}) hash = (hash ^ part) * 0x9E3779B97F4A7C15u;
-  return static_cast<size_t>(hash ^ hash >> 32);
+  for (const uint32_t part : {run.style, run.link, run.picture}) {
+    hash = (hash + part) * 0x9E3779B97F4A7C15u;
+    hash ^= hash >> 29;
+  }
+  return static_cast<size_t>(hash);
 }
 
 const text::Style& ParagraphBuilder::characterStyle(ElementStyles::Index style) {

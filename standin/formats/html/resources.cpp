@@ -108,7 +108,7 @@ std::shared_ptr<const text::Attachment> Resources::picture(std::string_view refe
     }
   }
   const bool isSized = entry->second != nullptr && (width > 0 || height > 0);
-  return isSized ? pictures::withSize(*entry->second, width, height) : entry->second;
+  return isSized ? sized_.of(*entry->second, width, height) : entry->second;
 }
 
 }  // namespace standin::formats::html

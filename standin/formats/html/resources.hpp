@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "standin/formats/html/reader.hpp"
+#include "standin/formats/pictures/embedded.hpp"
 #include "standin/foundation/url_text.hpp"
 
 namespace standin::formats::html {
@@ -34,6 +35,7 @@ class Resources {
   std::filesystem::path folder_;  // without symbolic links; empty: no file may be read
   size_t budget_;
   std::unordered_map<std::string, std::shared_ptr<const text::Attachment>> pictures_;
+  pictures::SizedPictures sized_;
 };
 
 }  // namespace standin::formats::html

@@ -40,10 +40,7 @@ Pictures::Attachment Pictures::embedded(std::string_view base64) { return sized(
 Pictures::Attachment Pictures::sized(const Attachment& picture) {
   if (isFilled_ || picture == nullptr) return nullptr;
   isFilled_ = true;
-  auto attachment = std::make_shared<text::Attachment>(*picture);
-  attachment->width = width_ > 0 && width_ <= 100'000 ? width_ : 0;
-  attachment->height = height_ > 0 && height_ <= 100'000 ? height_ : 0;
-  return attachment;
+  return sized_.of(*picture, width_, height_);
 }
 
 }  // namespace standin::formats::odt

@@ -29,7 +29,8 @@ class Pictures {
 
   PartSource parts_;
   std::unordered_map<std::string, Attachment> loaded_;  // without a size; nil for those that are not shown
-  double width_ = 0, height_ = 0;                       // of the frame, points
+  pictures::SizedPictures sized_;
+  double width_ = 0, height_ = 0;  // of the frame, points
   bool isFilled_ = false;
 };
 

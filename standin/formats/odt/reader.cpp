@@ -103,13 +103,13 @@ std::optional<Document> readParts(const Parts& parts, size_t size) {
   return readParts(parts, options, hasTextBoxes);
 }
 
-bool isEncrypted(zip::Archive& archive) {
+bool hasEncryptedParts(zip::Archive& archive) {
   const auto manifest = archive.read("META-INF/manifest.xml");
   return manifest && manifest->find("encryption-data") != manifest->npos;
 }
 
 std::optional<Document> readPackage(zip::Archive& archive, size_t size) {
-  if (isEncrypted(archive)) return std::nullopt;
+  if (hasEncryptedParts(archive)) return std::nullopt;
   Parts parts;
   for (const char* name : {"meta.xml", "settings.xml", "styles.xml"}) {
     if (auto part = archive.read(name)) parts.before.push_back(*std::move(part));
@@ -129,6 +129,11 @@ std::optional<Document> read(std::span<const uint8_t> bytes) {
   parts.content = {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
   parts.pictures = [](const std::string&) { return std::optional<std::string>(); };
   return readParts(parts, bytes.size());
+}
+
+bool isEncrypted(std::span<const uint8_t> bytes) {
+  auto archive = zip::Archive::open(bytes);
+  return archive && hasEncryptedParts(*archive);
 }
 
 }  // namespace standin::formats::odt

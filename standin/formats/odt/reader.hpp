@@ -13,4 +13,7 @@ namespace standin::formats::odt {
 // boxes is left out, unless there is no other text.
 std::optional<Document> read(std::span<const uint8_t> bytes);
 
+// Whether the document can be read with its password alone.
+bool isEncrypted(std::span<const uint8_t> bytes);
+
 }  // namespace standin::formats::odt

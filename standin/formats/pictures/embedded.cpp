@@ -28,4 +28,10 @@ std::shared_ptr<const text::Attachment> withSize(const text::Attachment& attachm
   return resized;
 }
 
+std::shared_ptr<const text::Attachment> SizedPictures::of(const text::Attachment& picture, double width, double height) {
+  auto& sized = sized_[{picture.contents.data(), sensible(width), sensible(height)}];
+  if (sized == nullptr) sized = withSize(picture, width, height);
+  return sized;
+}
+
 }  // namespace standin::formats::pictures

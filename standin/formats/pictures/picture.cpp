@@ -7,6 +7,8 @@
 #include <iterator>
 #include <memory>
 
+#include "standin/formats/little_endian.hpp"
+
 namespace standin::formats::pictures {
 namespace {
 
@@ -31,23 +33,26 @@ const FormatRow* rowOf(Format format) {
   return row != std::end(formats) ? row : nullptr;
 }
 
+bool canBeDecoded(Bytes bytes) {
+  // The decoder takes as much memory as the header claims to be long.
+  constexpr size_t lengthPlace = 14;
+  const Format format = formatOf(bytes.span());
+  return format != Format::unknown && (format != Format::bmp || bytes.read32(lengthPlace) <= bytes.size());
+}
+
 struct Unreference {
   void operator()(void* object) const { g_object_unref(object); }
 };
 using Loader = std::unique_ptr<GdkPixbufLoader, Unreference>;
 using Picture = std::unique_ptr<GdkPixbuf, Unreference>;
 
-// A size that is not to be decoded is cut to a single pixel before memory is taken for it.
-void sizePrepared(GdkPixbufLoader* loader, int width, int height, gpointer found) {
-  *static_cast<std::optional<Size>*>(found) = Size{width, height};
-  if (int64_t{width} * height > mostPixels) gdk_pixbuf_loader_set_size(loader, 1, 1);
-}
-
 class Decoder {
  public:
   explicit Decoder(std::span<const uint8_t> bytes) : loader_(gdk_pixbuf_loader_new()), bytes_(bytes) {
-    g_signal_connect(loader_.get(), "size-prepared", G_CALLBACK(sizePrepared), &size_);
+    g_signal_connect(loader_.get(), "size-prepared", G_CALLBACK(sizePrepared), this);
   }
+  Decoder(const Decoder&) = delete;
+  Decoder& operator=(const Decoder&) = delete;
   ~Decoder() { gdk_pixbuf_loader_close(loader_.get(), nullptr); }
 
   // Feeds the picture until its size is known.
@@ -62,6 +67,7 @@ class Decoder {
   }
 
   Picture picture() {
+    wantsPixels_ = true;
     const bool isWhole = gdk_pixbuf_loader_write(loader_.get(), bytes_.data(), bytes_.size(), nullptr) &&
                          gdk_pixbuf_loader_close(loader_.get(), nullptr);
     if (!isWhole || !size_ || int64_t{size_->width} * size_->height > mostPixels) return nullptr;
@@ -70,9 +76,17 @@ class Decoder {
   }
 
  private:
+  // A picture of no size is given up before memory is taken for its pixels.
+  static void sizePrepared(GdkPixbufLoader* loader, int width, int height, gpointer decoder) {
+    Decoder& self = *static_cast<Decoder*>(decoder);
+    self.size_ = Size{width, height};
+    if (!self.wantsPixels_ || int64_t{width} * height > mostPixels) gdk_pixbuf_loader_set_size(loader, 0, 0);
+  }
+
   Loader loader_;
   std::span<const uint8_t> bytes_;
   std::optional<Size> size_;
+  bool wantsPixels_ = false;
 };
 
 std::optional<std::string> encoded(GdkPixbuf* picture, const char* type) {
@@ -105,7 +119,7 @@ std::string mimeTypeOf(Format format) {
 }
 
 std::optional<Size> sizeOf(std::span<const uint8_t> bytes) {
-  if (formatOf(bytes) == Format::unknown) return std::nullopt;
+  if (!canBeDecoded(bytes)) return std::nullopt;
   return Decoder(bytes).size();
 }
 
@@ -113,12 +127,12 @@ std::optional<std::string> convert(std::span<const uint8_t> bytes, Format format
   const Format own = formatOf(bytes);
   if (own == format) return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   const FormatRow* row = rowOf(format);
-  if (own == Format::unknown || row == nullptr) return std::nullopt;
+  if (!canBeDecoded(bytes) || row == nullptr) return std::nullopt;
   return encoded(Decoder(bytes).picture().get(), row->name);
 }
 
 std::optional<Pixels> decode(std::span<const uint8_t> bytes) {
-  if (formatOf(bytes) == Format::unknown) return std::nullopt;
+  if (!canBeDecoded(bytes)) return std::nullopt;
   const Picture picture = Decoder(bytes).picture();
   if (picture == nullptr) return std::nullopt;
   Pixels pixels{{gdk_pixbuf_get_width(picture.get()), gdk_pixbuf_get_height(picture.get())}, {}, {}};

@@ -25,11 +25,14 @@ std::optional<PlainText> decoded(std::span<const uint8_t> bytes, CFStringEncodin
   return PlainText{*std::move(text), encoding};
 }
 
-std::optional<PlainText> decodedByMark(std::span<const uint8_t> bytes) {
+// A mark of the encoding that is asked for counts before longer ones: a null character behind that of UTF-16 makes UTF-32's.
+std::optional<PlainText> decodedByMark(std::span<const uint8_t> bytes, std::optional<CFStringEncoding> asked) {
   const std::string_view start(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-  for (const ByteOrderMark& mark : marks) {
-    if (!start.starts_with(mark.bytes)) continue;
-    if (auto found = decoded(bytes, mark.encoding)) return found;
+  for (const bool isAsked : {true, false}) {
+    for (const ByteOrderMark& mark : marks) {
+      if (!start.starts_with(mark.bytes) || (mark.encoding == asked) != isAsked) continue;
+      if (auto found = decoded(bytes, mark.encoding)) return found;
+    }
   }
   return std::nullopt;
 }
@@ -37,7 +40,7 @@ std::optional<PlainText> decodedByMark(std::span<const uint8_t> bytes) {
 }  // namespace
 
 std::optional<PlainText> read(std::span<const uint8_t> bytes, std::optional<CFStringEncoding> asked) {
-  if (auto marked = decodedByMark(bytes)) return marked;
+  if (auto marked = decodedByMark(bytes, asked)) return marked;
   if (asked) return decoded(bytes, *asked);
   if (auto utf8 = decoded(bytes, kCFStringEncodingUTF8)) return utf8;
   return decoded(bytes, kCFStringEncodingMacRoman);

@@ -82,6 +82,7 @@ constexpr ControlWord words[] = {
     {"pichgoal", Action::pictureHeight}, {"width", Action::pictureWidth}, {"height", Action::pictureHeight},
     // Groups whose text is not the document's.
     {"stylesheet", Action::destination, skipped}, {"listtable", Action::destination, skipped},
+    {"list", Action::destination, skipped}, {"listlevel", Action::destination, skipped}, {"listname", Action::destination, skipped},
     {"listoverridetable", Action::destination, skipped}, {"info", Action::destination, skipped}, {"nonshppict", Action::destination, skipped},
     {"header", Action::destination, skipped}, {"headerl", Action::destination, skipped}, {"headerr", Action::destination, skipped},
     {"headerf", Action::destination, skipped}, {"footer", Action::destination, skipped}, {"footerl", Action::destination, skipped},

@@ -1,7 +1,6 @@
 // Sizes of the two kinds of drawings, and pictures found by name.
 #include "standin/formats/word_xml/drawings.hpp"
 
-#include "standin/formats/pictures/embedded.hpp"
 #include "standin/formats/pictures/picture.hpp"
 #include "standin/formats/units.hpp"
 #include "standin/formats/word_xml/values.hpp"
@@ -67,7 +66,7 @@ std::shared_ptr<const text::Attachment> Drawings::pictureOf(const xml::Element& 
                                                        : Name::source;
   const std::string_view id = valueOf(element, attribute);
   const text::Attachment* picture = id.empty() ? nullptr : find(id);
-  return picture != nullptr ? pictures::withSize(*picture, width_, height_) : nullptr;
+  return picture != nullptr ? sized_.of(*picture, width_, height_) : nullptr;
 }
 
 }  // namespace standin::formats::word_xml

@@ -4,9 +4,9 @@
 #include <map>
 #include <memory>
 
+#include "standin/formats/pictures/embedded.hpp"
 #include "standin/formats/word_xml/names.hpp"
 #include "standin/formats/word_xml/resources.hpp"
-#include "standin/text/attachment.hpp"
 
 namespace standin::formats::word_xml {
 
@@ -32,6 +32,7 @@ class Drawings {
   Resources* resources_;
   // By the names that the text calls them; nil for what is no picture. Shown twice, a picture has its bytes once.
   std::map<std::string, std::shared_ptr<const text::Attachment>, std::less<>> pictures_;
+  pictures::SizedPictures sized_;
   double width_ = 0, height_ = 0;  // points
   std::string link_;
 };

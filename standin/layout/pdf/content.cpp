@@ -20,23 +20,24 @@ void Content::operands(std::initializer_list<double> values) {
   }
 }
 
-void Content::setColor(const text::Color& color, text::Color& current, const char* gray, const char* rgb, const char* cmyk) {
-  setAlpha(color.alpha);
-  if (color == current) return;
-  current = color;
+const Content::InkOperators Content::filling = {&State::fill, "g\n", "rg\n", "k\n", "ca"};
+const Content::InkOperators Content::stroking = {&State::stroke, "G\n", "RG\n", "K\n", "CA"};
+
+void Content::setColor(const text::Color& color, const InkOperators& operators) {
+  Ink& ink = state_.*operators.ink;
+  if (color.alpha != ink.alpha && std::isfinite(color.alpha)) {
+    ink.alpha = color.alpha;
+    out_ += '/' + resources_.opacityName(operators.opacity, color.alpha) + " gs\n";
+  }
+  if (color == ink.color) return;
+  ink.color = color;
   const bool isGray = color.space == text::ColorSpace::calibratedWhite || color.space == text::ColorSpace::deviceWhite;
   const bool isCMYK = color.space == text::ColorSpace::deviceCMYK;
   for (size_t index = 0; index < (isGray ? 1u : isCMYK ? 4u : 3u); ++index) {
     appendFineNumber(out_, std::clamp(color.components[index], 0.0, 1.0));
     out_ += ' ';
   }
-  out_ += isGray ? gray : isCMYK ? cmyk : rgb;
-}
-
-void Content::setAlpha(double alpha) {
-  if (alpha == state_.alpha || !std::isfinite(alpha)) return;
-  state_.alpha = alpha;
-  out_ += '/' + resources_.opacityName(alpha) + " gs\n";
+  out_ += isGray ? operators.gray : isCMYK ? operators.cmyk : operators.rgb;
 }
 
 void Content::setLineWidth(double width) {

@@ -17,8 +17,8 @@ class Content {
   bool isEmpty() const { return out_.empty(); }
   void clear();
 
-  void setFill(const text::Color& color) { setColor(color, state_.fill, "g\n", "rg\n", "k\n"); }
-  void setStroke(const text::Color& color) { setColor(color, state_.stroke, "G\n", "RG\n", "K\n"); }
+  void setFill(const text::Color& color) { setColor(color, filling); }
+  void setStroke(const text::Color& color) { setColor(color, stroking); }
   void fillRectangle(double x, double y, double width, double height);
   // Dashes are lengths of strokes and gaps, in turn; empty for an unbroken line.
   void strokeLine(double x, double end, double y, double thickness, std::string_view dashes);
@@ -45,16 +45,26 @@ class Content {
   void endActualText() { out_ += "EMC\n"; }
 
  private:
+  struct Ink {
+    text::Color color{text::ColorSpace::deviceWhite};
+    double alpha = 1;
+  };
   // As it is when a page begins.
   struct State {
-    text::Color fill{text::ColorSpace::deviceWhite}, stroke{text::ColorSpace::deviceWhite};
+    Ink fill, stroke;
     std::string font;
-    double fontSize = 0, spacing = 0, expansion = 1, lineWidth = 1, alpha = 1;
+    double fontSize = 0, spacing = 0, expansion = 1, lineWidth = 1;
     int rendering = 0;
   };
 
-  void setColor(const text::Color& color, text::Color& current, const char* gray, const char* rgb, const char* cmyk);
-  void setAlpha(double alpha);
+  // What sets one of the inks: its operators by color space, and its opacity in a graphics state.
+  struct InkOperators {
+    Ink State::*ink;
+    const char *gray, *rgb, *cmyk, *opacity;
+  };
+  static const InkOperators filling, stroking;
+
+  void setColor(const text::Color& color, const InkOperators& operators);
   void setLineWidth(double width);
   void operands(std::initializer_list<double> values);
 

@@ -18,23 +18,27 @@ constexpr size_t glyphsInFont = 255;
 
 std::string fontName(size_t number) { return "P" + std::to_string(number / glyphsInFont); }
 
+void appendNumbers(std::string& out, std::initializer_list<double> values) {
+  for (const double value : values) {
+    appendNumber(out, value);
+    out += ' ';
+  }
+}
+
+// Readers measure a font of this kind by the width of its "m", which code 0 therefore has; nothing shows it.
+constexpr int usualWidth = 500;
+
 // What draws the glyph, in thousandths of the size; the image reaches as far as the face says.
 std::string glyphOperators(const Face& face, uint32_t glyph, const std::string& image) {
   const double scale = 1000 / face.unitsPerEm();
   std::string out;
-  const auto numbers = [&](std::initializer_list<double> values) {
-    for (const double value : values) {
-      appendNumber(out, value);
-      out += ' ';
-    }
-  };
-  numbers({face.advance(glyph) * scale, 0});
+  appendNumbers(out, {face.advance(glyph) * scale, 0});
   out += "d0\n";
   hb_glyph_extents_t extents{};
   hb_font_get_glyph_extents(face.font(), glyph, &extents);
   if (image.empty()) return out;
-  numbers({extents.width * scale, 0, 0, -extents.height * scale, extents.x_bearing * scale,
-           (extents.y_bearing + extents.height) * scale});
+  appendNumbers(out, {extents.width * scale, 0, 0, -extents.height * scale, extents.x_bearing * scale,
+                      (extents.y_bearing + extents.height) * scale});
   return out += "cm /" + image + " Do\n";
 }
 
@@ -62,21 +66,28 @@ int PictorialFonts::writeGlyph(const Glyph& glyph, std::string& images) {
 std::string PictorialFonts::writeFont(size_t first, size_t end) {
   std::string images, procedures, differences, widths;
   std::map<uint32_t, std::u16string> texts;
+  double widest = 0;
   for (size_t index = first; index < end; ++index) {
     const Glyph& glyph = glyphs_[index];
     const std::string name = "/g" + std::to_string(index - first + 1);
     procedures += name + ' ' + reference(writeGlyph(glyph, images));
     differences += name;
-    appendNumber(widths, glyph.face->advance(glyph.glyph) * 1000 / glyph.face->unitsPerEm());
-    widths += ' ';
+    const double width = glyph.face->advance(glyph.glyph) * 1000 / glyph.face->unitsPerEm();
+    widest = std::max(widest, width);
+    appendNumbers(widths, {width});
     texts[static_cast<uint32_t>(index - first + 1)] = glyph.text;
   }
-  const int object = file_.reserve(), map = file_.reserve();
+  const FaceMeasures& measures = glyphs_[first].face->measures();
+  std::string box;
+  appendNumbers(box, {0, -measures.descent * 1000, widest, measures.ascent * 1000});
+  const int object = file_.reserve(), map = file_.reserve(), measure = file_.reserve();
+  const std::string width = std::to_string(usualWidth);
   file_.putStream(map, "", unicodeMap(texts, false));
-  file_.put(object, "<</Type/Font/Subtype/Type3/FontBBox[0 0 0 0]/FontMatrix[.001 0 0 .001 0 0]/CharProcs<<" + procedures +
-                        ">>/Encoding<</Type/Encoding/Differences[1" + differences + "]>>/FirstChar 1/LastChar " +
-                        std::to_string(end - first) + "/Widths[" + widths + "]/Resources<</XObject<<" + images +
-                        ">>>>/ToUnicode " + reference(map) + ">>");
+  file_.putStream(measure, "", width + " 0 d0\n");
+  file_.put(object, "<</Type/Font/Subtype/Type3/FontBBox[" + box + "]/FontMatrix[.001 0 0 .001 0 0]/CharProcs<</m " +
+                        reference(measure) + procedures + ">>/Encoding<</Type/Encoding/Differences[0/m" + differences +
+                        "]>>/FirstChar 0/LastChar " + std::to_string(end - first) + "/Widths[" + width + ' ' + widths +
+                        "]/Resources<</XObject<<" + images + ">>>>/ToUnicode " + reference(map) + ">>");
   return '/' + fontName(first) + ' ' + reference(object);
 }
 

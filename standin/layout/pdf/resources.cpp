@@ -35,10 +35,10 @@ const std::string& Resources::imageName(const text::Attachment& attachment) {
   return entry->second;
 }
 
-std::string Resources::opacityName(double alpha) {
+std::string Resources::opacityName(const std::string& key, double alpha) {
   const int percent = static_cast<int>(std::lround(std::clamp(alpha, 0.0, 1.0) * 100));
-  opacities_.insert(percent);
-  return "A" + std::to_string(percent);
+  opacities_.emplace(key, percent);
+  return key + std::to_string(percent);
 }
 
 void Resources::finish() {
@@ -49,10 +49,10 @@ void Resources::finish() {
     entries += '/' + font.name + ' ' + reference(font.object);
   }
   entries += pictorial_.finish() + ">>/XObject<<" + imageEntries_ + ">>/ExtGState<<";
-  for (const int percent : opacities_) {
-    std::string alpha;
-    appendNumber(alpha, percent / 100.0);
-    entries += "/A" + std::to_string(percent) + "<</ca " + alpha + "/CA " + alpha + ">>";
+  for (const auto& [key, percent] : opacities_) {
+    entries += '/' + key + std::to_string(percent) + "<</" + key + ' ';
+    appendNumber(entries, percent / 100.0);
+    entries += ">>";
   }
   file_.put(object_, entries + ">>>>");
 }

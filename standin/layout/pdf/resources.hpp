@@ -4,6 +4,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "standin/layout/face.hpp"
@@ -25,7 +26,8 @@ class Resources {
   PictorialFonts::Place pictorialGlyph(const Face& face, uint32_t glyph, std::u16string_view text);
   // The name of the picture, which is written the first time; empty when it cannot be decoded.
   const std::string& imageName(const text::Attachment& attachment);
-  std::string opacityName(double alpha);
+  // The key says whether what is filled (ca) or what is stroked (CA) gets the opacity.
+  std::string opacityName(const std::string& key, double alpha);
 
   // Writes the fonts with the glyphs that are used, and the list of everything.
   void finish();
@@ -43,7 +45,7 @@ class Resources {
   PictorialFonts pictorial_;
   std::map<const text::Attachment*, std::string> images_;
   std::string imageEntries_;
-  std::set<int> opacities_;  // per cent
+  std::set<std::pair<std::string, int>> opacities_;  // keys with per cents
 };
 
 }  // namespace standin::layout::pdf
