@@ -1,0 +1,4 @@
+Sub s()
+s
+End Sub
+s

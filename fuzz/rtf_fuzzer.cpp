@@ -1,0 +1,10 @@
+// RTF: any bytes can be read, and what is written of them can be read again.
+#include "fuzz/support/reader_property.hpp"
+#include "standin/formats/rtf/reader.hpp"
+#include "standin/formats/rtf/writer.hpp"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
+  using namespace standin::formats;
+  fuzz::checkFormat({rtf::read, rtf::write}, {bytes, size});
+  return 0;
+}

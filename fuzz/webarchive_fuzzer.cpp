@@ -1,0 +1,10 @@
+// Web archives: any bytes can be read, and what is written of them can be read again.
+#include "fuzz/support/reader_property.hpp"
+#include "standin/formats/webarchive/reader.hpp"
+#include "standin/formats/webarchive/writer.hpp"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t size) {
+  using namespace standin::formats;
+  fuzz::checkFormat({[](fuzz::Bytes input) { return webarchive::read(input); }, webarchive::write}, {bytes, size});
+  return 0;
+}
