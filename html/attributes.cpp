@@ -42,22 +42,35 @@ class DictionaryBuilder {
   NSUInteger count_ = 0;
 };
 
+Owned<NSDictionary> attributesOf(NSObject* font, NSObject* underline, NSString* link) {
+  DictionaryBuilder attributes;
+  attributes.add(NSFontAttributeName, font);
+  attributes.add(NSUnderlineStyleAttributeName, underline);
+  attributes.add(NSLinkAttributeName, link);
+  return attributes.build();
+}
+
+Owned<NSDictionary> attributesWithLink(NSString* link) {
+  return attributesOf(currentFont(), NSNumber::numberWithBool(classOf<NSNumber>(), underlineFlag ? YES : NO), link);
+}
+
 }  // namespace
 
-Owned<NSDictionary> currentAttributes() {
-  DictionaryBuilder attributes;
-  attributes.add(NSFontAttributeName, currentFont());
-  attributes.add(NSUnderlineStyleAttributeName, NSNumber::numberWithBool(classOf<NSNumber>(), underlineFlag ? YES : NO));
-  attributes.add(NSLinkAttributeName, linkString);
-  return attributes.build();
+Owned<NSDictionary> currentAttributes() { return attributesWithLink(linkString); }
+
+const Owned<NSDictionary>& AttributeMemo::withoutLink() {
+  const State state{std::bit_cast<uint32_t>(fontsize), mask, underlineFlag};
+  if (latest_ == nullptr || latest_->first != state) latest_ = &*plain_.try_emplace(state).first;
+  if (!latest_->second) latest_->second = attributesWithLink(nullptr);
+  return latest_->second;
 }
 
 // Links are told apart as objects, so what is remembered of one serves no other.
 Owned<NSDictionary> AttributeMemo::current() {
-  if (linkString != nullptr) return currentAttributes();
-  auto& known = plain_[{std::bit_cast<uint32_t>(fontsize), mask, underlineFlag}];
-  if (!known) known = currentAttributes();
-  return known;
+  const Owned<NSDictionary>& known = withoutLink();
+  if (linkString == nullptr) return known;
+  return attributesOf(NSDictionary::objectForKey(known, NSFontAttributeName),
+                      NSDictionary::objectForKey(known, NSUnderlineStyleAttributeName), linkString);
 }
 
 }  // namespace html

@@ -21,7 +21,12 @@ class AttributeMemo {
   Owned<NSDictionary> current();
 
  private:
-  std::map<std::tuple<uint32_t, NSFontTraitMask, bool>, Owned<NSDictionary>> plain_;
+  using State = std::tuple<uint32_t, NSFontTraitMask, bool>;
+
+  const Owned<NSDictionary>& withoutLink();
+
+  std::map<State, Owned<NSDictionary>> plain_;
+  std::pair<const State, Owned<NSDictionary>>* latest_ = nullptr;  // the one asked for last
 };
 
 }  // namespace html

@@ -1,10 +1,11 @@
 // Escapes text, copying what needs no escaping in long pieces.
 #include "html/escape.hpp"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
+#include <tuple>
+
+#include "html/unit_block.hpp"
 
 namespace html {
 
@@ -31,38 +32,46 @@ constexpr auto outputs = [] {
 
 bool needsEscape(char16_t unit) { return unit >= firstOutsideASCII || !outputs[unit].empty(); }
 
-// Eight units side by side, compared all at once.
-using Eight = uint16_t __attribute__((vector_size(16)));
-constexpr std::ptrdiff_t blockSize = 4 * sizeof(Eight) / sizeof(char16_t);
+// The same units as the table's, fewer to look for: without the bit in which two differ they are one.
+struct EscapedUnits {
+  char16_t unit, differingBit;
+};
+constexpr std::array<EscapedUnits, 3> escapedUnits = {{{u'\n', 0}, {u'"', u'"' ^ u'&'}, {u'<', u'<' ^ u'>'}}};
+static_assert([] {
+  for (char16_t unit = 0; unit < firstOutsideASCII; ++unit) {
+    bool isFound = false;
+    for (const EscapedUnits& some : escapedUnits) isFound |= (unit & ~some.differingBit) == (some.unit & ~some.differingBit);
+    if (isFound == outputs[unit].empty()) return false;
+  }
+  return true;
+}());
 
-Eight load(const char16_t* position) {
-  Eight units;
-  std::memcpy(&units, position, sizeof units);
-  return units;
+auto unitsToEscape(const char16_t* position) {
+  const UnitBlock block(position);
+  const auto isOneOf = [&](const EscapedUnits& some) {
+    return block.without(some.differingBit).equal(static_cast<char16_t>(some.unit & ~some.differingBit));
+  };
+  return std::apply([&](const auto&... some) { return (block.atLeast(firstOutsideASCII) | ... | isOneOf(some)); },
+                    escapedUnits);
 }
 
-auto marks(Eight units) {
-  auto found = units >= static_cast<uint16_t>(firstOutsideASCII);
-  for (const Escape& escape : escapes) found |= units == static_cast<uint16_t>(escape.unit);
-  return found;
+bool isPlain(const char16_t* position) {
+  return UnitBlock::marks(unitsToEscape(position) | unitsToEscape(position + UnitBlock::size) |
+                          unitsToEscape(position + 2 * UnitBlock::size) | unitsToEscape(position + 3 * UnitBlock::size)) ==
+         0;
 }
 
-bool blockNeedsEscape(const char16_t* block) {
-  const auto found = marks(load(block)) | marks(load(block + 8)) | marks(load(block + 16)) | marks(load(block + 24));
-  uint64_t halves[2];
-  std::memcpy(halves, &found, sizeof halves);
-  return (halves[0] | halves[1]) != 0;
-}
-
-// Looks at single units first, so that a dense text does not pay for blocks.
+// Looks at a single block first, so that a dense text does not pay for several.
 const char16_t* nextToEscape(const char16_t* position, const char16_t* end) {
-  constexpr std::ptrdiff_t near = 16;
-  const char16_t* const nearEnd = position + std::min(near, end - position);
-  const char16_t* const found = std::find_if(position, nearEnd, needsEscape);
-  if (found != nearEnd) return found;
-  position = nearEnd;
-  while (end - position >= blockSize && !blockNeedsEscape(position)) position += blockSize;
-  return std::find_if(position, end, needsEscape);
+  constexpr std::ptrdiff_t size = UnitBlock::size;
+  for (bool isFirst = true; end - position >= size; isFirst = false) {
+    while (!isFirst && end - position >= 4 * size && isPlain(position)) position += 4 * size;
+    if (end - position < size) break;
+    if (const uint64_t found = UnitBlock::marks(unitsToEscape(position))) return position + UnitBlock::first(found);
+    position += size;
+  }
+  while (position != end && !needsEscape(*position)) ++position;
+  return position;
 }
 
 void appendReference(unsigned unit, std::u16string& output) {
@@ -82,6 +91,11 @@ void appendEscape(char16_t unit, std::u16string& output) {
 }
 
 }  // namespace
+
+bool isEscaped(std::u16string_view text) {
+  const char16_t* const end = text.data() + text.size();
+  return nextToEscape(text.data(), end) == end;
+}
 
 void appendEscaped(std::u16string_view text, std::u16string& output) {
   const char16_t* position = text.data();

@@ -6,6 +6,9 @@
 
 namespace html {
 
+// Whether escaping leaves the text as it is.
+bool isEscaped(std::u16string_view text);
+
 // Works on UTF-16 units: a surrogate pair becomes two references.
 void appendEscaped(std::u16string_view text, std::u16string& output);
 

@@ -65,6 +65,7 @@ void fillTables(Class, SEL) {
 // NSString.
 NSString* escaped(NSString* self, SEL) {
   const Units text(self);
+  if (isEscaped(text)) return NSString::stringWithString(classOf<NSMutableString>(), self);
   std::u16string output;
   output.reserve(text.view().size());
   appendEscaped(text, output);

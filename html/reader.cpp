@@ -38,8 +38,7 @@ Owned<NSMutableAttributedString> read(NSString* source) {
   resetStyle();
   Units units(source);
   const std::u16string_view normal = normalize(units);
-  StyledText text;
-  text.reserve(normal.size());
+  StyledText text(units.data());
   AttributeMemo attributes;
   Scanner scanner(normal);
   while (!scanner.atEnd()) {

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "html/unit_block.hpp"
+
 namespace html {
 
 class Scanner {
@@ -20,7 +22,7 @@ class Scanner {
   // Everything before the unit, or to the end.
   std::u16string_view upTo(char16_t unit) {
     skip();
-    return take(std::min(rest_.find(unit), rest_.size()));
+    return take(findUnit(rest_, unit));
   }
 
   // The consecutive units of that kind.

@@ -17,7 +17,8 @@ void StyledText::style(std::size_t from, Owned<NSDictionary> attributes) {
 }
 
 Owned<NSMutableAttributedString> StyledText::build() const {
-  NSAttributedString* made = NSAttributedString::initWithString(alloc<NSMutableAttributedString>(), newString(text_));
+  NSAttributedString* made =
+      NSAttributedString::initWithString(alloc<NSMutableAttributedString>(), newString({text_, length_}));
   auto styled = adopt(static_cast<NSMutableAttributedString*>(made));
   NSMutableAttributedString::beginEditing(styled);
   for (const Run& run : runs_) NSMutableAttributedString::addAttributes(styled, run.attributes, run.range);

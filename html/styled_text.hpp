@@ -1,7 +1,7 @@
 // Collects the text of a document and the attributes of its stretches, and makes the attributed string of them at the end.
 #pragma once
 
-#include <string>
+#include <cstring>
 #include <string_view>
 #include <vector>
 
@@ -12,10 +12,15 @@ namespace html {
 
 class StyledText {
  public:
-  void reserve(std::size_t units) { text_.reserve(units); }
-  void append(std::u16string_view text) { text_.append(text); }
-  void append(char character) { text_.push_back(static_cast<char16_t>(character)); }
-  std::size_t length() const { return text_.size(); }
+  // The text is put where the room is, which the source may share: it never gets ahead of what has been read of that.
+  explicit StyledText(char16_t* room) : text_(room) {}
+
+  void append(std::u16string_view text) {
+    std::memmove(text_ + length_, text.data(), text.size() * sizeof(char16_t));
+    length_ += text.size();
+  }
+  void append(char character) { text_[length_++] = static_cast<char16_t>(character); }
+  std::size_t length() const { return length_; }
 
   // Gives the attributes to everything from the position on. What is never styled has no attributes.
   void style(std::size_t from, Owned<NSDictionary> attributes);
@@ -28,7 +33,8 @@ class StyledText {
     Owned<NSDictionary> attributes;
   };
 
-  std::u16string text_;
+  char16_t* text_;
+  std::size_t length_ = 0;
   std::vector<Run> runs_;
 };
 

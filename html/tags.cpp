@@ -90,7 +90,10 @@ constexpr TagRow rows[] = {
     {Match::beginning, u"font size =", changeSize},
 };
 
-bool fits(const TagRow& row, Tag tag) { return row.match == Match::whole ? tag == row.text : tag.starts_with(row.text); }
+bool fits(const TagRow& row, Tag tag) {
+  if (tag.empty() || tag.front() != row.text.front()) return false;
+  return row.match == Match::whole ? tag == row.text : tag.starts_with(row.text);
+}
 
 }  // namespace
 

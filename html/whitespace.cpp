@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "html/unit_block.hpp"
+
 namespace html {
 
 namespace {
@@ -24,20 +26,40 @@ const WhitespaceTable& whitespace() {
   return members;
 }
 
+// Copies eight units that stay as they are: no white space but spaces that follow other units, one at a time.
+bool copyBlock(const char16_t* from, char16_t* to, bool& afterSpace) {
+  const UnitBlock block(from);
+  if (UnitBlock::marks(block.outside(u' ', u'~')) != 0) return false;
+  const uint64_t spaces = UnitBlock::marks(block.equal(u' '));
+  const uint64_t afterSpaces = spaces << 8 | (afterSpace ? 0xFFU : 0U);
+  if ((spaces & afterSpaces) != 0) return false;
+  block.store(to);
+  afterSpace = spaces >> 56 != 0;
+  return true;
+}
+
 }  // namespace
 
 std::u16string_view normalize(Units& units) {
   const WhitespaceTable& members = whitespace();
-  const auto isSpace = [&](char16_t unit) { return members[unit]; };
   char16_t* const first = units.data();
   const char16_t* const end = first + units.view().size();
   char16_t* out = first;
-  for (const char16_t* word = std::find_if_not(static_cast<const char16_t*>(first), end, isSpace); word != end;) {
-    const char16_t* const wordEnd = std::find_if(word, end, isSpace);
-    out = std::copy(word, wordEnd, out);
-    word = std::find_if_not(wordEnd, end, isSpace);
-    *out++ = u' ';
+  bool afterSpace = true;
+  for (const char16_t* in = first; in != end;) {
+    const std::size_t step = std::min(UnitBlock::size, static_cast<std::size_t>(end - in));
+    if (step == UnitBlock::size && copyBlock(in, out, afterSpace)) {
+      in += step;
+      out += step;
+      continue;
+    }
+    for (const char16_t* const stop = in + step; in != stop; ++in) {
+      const bool isSpace = members[*in];
+      if (!isSpace || !afterSpace) *out++ = isSpace ? u' ' : *in;
+      afterSpace = isSpace;
+    }
   }
+  if (!afterSpace) *out++ = u' ';
   return {first, static_cast<std::size_t>(out - first)};
 }
 

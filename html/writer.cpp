@@ -6,40 +6,12 @@
 
 #include "html/color_palette.hpp"
 #include "html/escape.hpp"
-#include "html/state.hpp"
+#include "html/run_style.hpp"
 #include "html/text.hpp"
 
 namespace html {
 
 namespace {
-
-// What the writer reads of a run. Everything is borrowed from the run's attributes; nil attributes have nothing.
-struct RunStyle {
-  NSObject* link;
-  NSFont* font;
-  bool underline;
-  NSColor* color;
-
-  explicit RunStyle(NSDictionary* attributes)
-      : link(NSDictionary::objectForKey(attributes, NSLinkAttributeName)),
-        font(static_cast<NSFont*>(NSDictionary::objectForKey(attributes, NSFontAttributeName))),
-        underline(NSNumber::boolValue(NSDictionary::objectForKey(attributes, NSUnderlineStyleAttributeName)) != NO),
-        color(static_cast<NSColor*>(NSDictionary::objectForKey(attributes, NSForegroundColorAttributeName))) {}
-};
-
-struct FontStyle {
-  bool bold = false;
-  bool italic = false;
-  float size = defaultFontSize;
-};
-
-// A missing font has size 0 and no traits.
-FontStyle styleOf(NSFont* font) {
-  if (font == nullptr) return {false, false, 0.0F};
-  NSFontManager* manager = NSFontManager::sharedFontManager(classOf<NSFontManager>());
-  const NSFontTraitMask traits = NSFontManager::traitsOfFont(manager, font);
-  return {(traits & NSBoldFontMask) != 0, (traits & NSItalicFontMask) != 0, static_cast<float>(NSFont::pointSize(font))};
-}
 
 class TagWriter {
  public:
@@ -48,14 +20,14 @@ class TagWriter {
   // The tags between a run and the one before it.
   void change(const RunStyle& next, const RunStyle& last) {
     if (next.link != last.link) changeLink(next.link, last.link);
-    if (next.font != last.font) changeFont(next.font, last.font);
+    if (next.font != last.font) changeFont(next, last);
     toggle(next.underline, last.underline, "<u>", "</u>");
     if (next.color != last.color) changeColor(next.color, last.color);
   }
 
   // The tags after the last run.
   void close(const RunStyle& last) {
-    const FontStyle font = styleOf(last.font);
+    const FontStyle& font = last.fontStyle;
     if (last.link != nullptr) append("</a>");
     if (font.size != defaultFontSize || (last.color != nullptr && !isBlackText(colorText(last.color)))) append("</font>");
     if (last.underline) append("</u>");
@@ -72,13 +44,13 @@ class TagWriter {
     append("\">");
   }
 
-  void changeFont(NSFont* nextFont, NSFont* lastFont) {
-    const FontStyle next = styleOf(nextFont);
-    const FontStyle last = lastFont == nullptr ? FontStyle() : styleOf(lastFont);
+  void changeFont(const RunStyle& nextRun, const RunStyle& lastRun) {
+    const FontStyle& next = nextRun.fontStyle;
+    const FontStyle last = lastRun.font == nullptr ? FontStyle() : lastRun.fontStyle;
     toggle(next.bold, last.bold, "<b>", "</b>");
     toggle(next.italic, last.italic, "<i>", "</i>");
     if (next.size == last.size) return;
-    if (lastFont != nullptr) append("</font>");
+    if (lastRun.font != nullptr) append("</font>");
     append("<font size=" + std::to_string(sizeNumber(next.size)) + ">");
   }
 
@@ -114,26 +86,44 @@ void resetWriter() {
   }
 }
 
-void changeAttributes(NSDictionary* attributes, std::u16string& output) {
-  if (cachedAttributes != nullptr && NSDictionary::isEqualToDictionary(attributes, cachedAttributes)) return;
-  TagWriter(output).change(RunStyle(attributes), RunStyle(cachedAttributes));
-  hold(cachedAttributes, retain(attributes));
-}
+// Keeps what was read of the attributes in `cachedAttributes` beside them.
+class RunWriter {
+ public:
+  explicit RunWriter(std::u16string& output) : output_(output) { resetWriter(); }
+
+  void write(NSDictionary* attributes, std::u16string_view text) {
+    if (attributes != cachedAttributes) change(attributes);
+    appendEscaped(text, output_);
+  }
+
+ private:
+  void change(NSDictionary* attributes) {
+    const RunStyle& next = styles_.of(attributes);
+    const bool canBeEqual = cachedAttributes != nullptr && next.canEqual(last_);
+    if (canBeEqual && NSDictionary::isEqualToDictionary(attributes, cachedAttributes)) return;
+    TagWriter(output_).change(next, last_);
+    hold(cachedAttributes, retain(attributes));
+    last_ = next;
+  }
+
+  std::u16string& output_;
+  RunStyles styles_;
+  RunStyle last_;
+};
 
 }  // namespace
 
 std::u16string write(NSAttributedString* source) {
-  resetWriter();
   const Units units(NSAttributedString::string(source));
   const std::u16string_view text = units;
   std::u16string output;
   output.reserve(text.size());
+  RunWriter writer(output);
   NSRange run{0, 0};
   for (std::size_t index = 0; index < text.size(); index = run.location + run.length) {
     NSDictionary* attributes = NSAttributedString::attributesAtIndex(source, index, &run);
     if (attributes == nullptr) break;
-    changeAttributes(attributes, output);
-    appendEscaped(text.substr(run.location, run.length), output);
+    writer.write(attributes, text.substr(run.location, run.length));
   }
   output += closingTags();
   return output;

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "host/runtime/conversion.hpp"
+
 namespace host {
 namespace {
 
@@ -208,15 +210,21 @@ Value Parser::numberOfBase(int base) {
   return Value::integer(static_cast<int64_t>(number));
 }
 
+std::string quoted(std::string_view text) {
+  std::string result = "\"";
+  for (const char c : text) result.append(c == '"' ? 2 : 1, c);
+  return result + '"';
+}
+
 std::string describeLiteral(const Value& value) {
   if (value.isNil()) return "nil";
-  if (value.isString()) return "\"" + std::string(bytesOf(value.asString())) + "\"";
+  if (value.isString()) return quoted(bytesOf(value.asString()));
   if (value.kind() == Kind::Boolean) return value.asBoolean() ? "true" : "false";
-  return value.isFloating() ? std::to_string(value.asDouble()) : std::to_string(value.asInteger());
+  return value.isFloating() ? numberText(value.asDouble()) : std::to_string(value.asInteger());
 }
 
 std::string describe(const Parameter& parameter) {
-  std::string text = parameter.byref ? "byref " : parameter.assigns ? "assigns " : "";
+  std::string text = std::string(parameter.byref ? "byref " : "") + (parameter.assigns ? "assigns " : "");
   text += parameter.name + " as " + describe(parameter.type);
   if (parameter.defaultValue) text += " = " + describeLiteral(*parameter.defaultValue);
   return text;

@@ -79,7 +79,7 @@ NSObject* makeImmortal(NSObject* object) {
 bool isKindOf(NSObject* object, const ClassObject* cls) {
   if (object == nullptr) return false;
   ClassObject* own = reinterpret_cast<Object*>(object)->isa;
-  if (!own->isMetaclass) link(own);
+  if (!own->isLinked && !own->isMetaclass) link(own);
   for (const ClassObject* step = own; step != nullptr; step = step->superclass) {
     if (step == cls) return true;
   }

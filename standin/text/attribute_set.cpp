@@ -2,7 +2,7 @@
 #include "standin/text/attribute_set.hpp"
 
 #include <algorithm>
-#include <array>
+#include <bit>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -33,12 +33,15 @@ struct Remembered {
 
 }  // namespace
 
+// Room for what is remembered: in step with the sets, a power of two.
+constexpr size_t fewestRemembered = 1024, mostRemembered = 65536, rememberedPerSet = 64;
+
 struct AttributeTable {
   std::vector<uint32_t> references{immortalCount};
   std::vector<Entry> entries{Entry()};  // entry 0 is the empty set
   std::vector<AttributeHandle> vacant;
   std::unordered_multimap<size_t, AttributeHandle> byHash;
-  std::array<Remembered, 1024> remembered;
+  std::vector<Remembered> remembered = std::vector<Remembered>(fewestRemembered);
 
   AttributeHandle vacantEntry();
   void reserveEntries(size_t count);
@@ -154,8 +157,8 @@ void put(std::vector<Attribute>& attributes, Attribute added) {
 
 Remembered& slotFor(AttributeHandle source, AttributeObject key, AttributeObject value) {
   const size_t hash = mix(mix(reinterpret_cast<size_t>(key) + source) + reinterpret_cast<size_t>(value));
-  std::array<Remembered, 1024>& remembered = table().remembered;
-  return remembered[hash % remembered.size()];
+  std::vector<Remembered>& remembered = table().remembered;
+  return remembered[hash & (remembered.size() - 1)];
 }
 
 // Removals are remembered with a nil value.
@@ -187,6 +190,8 @@ void AttributeTable::reserveEntries(size_t count) {
   vacant.reserve(count);
   entries.reserve(count);
   references.reserve(count);
+  const size_t room = std::min(std::bit_ceil(count * rememberedPerSet), mostRemembered);
+  if (room > remembered.size()) remembered = std::vector<Remembered>(room);
   if (AttributeSet::references_ == countOfEmptySet) references[0] = countOfEmptySet[0];
   AttributeSet::references_ = references.data();
 }
@@ -240,6 +245,8 @@ AttributeObject AttributeSet::find(AttributeObject key) const {
 
 AttributeSet AttributeSet::with(AttributeObject key, AttributeObject value) const {
   if (const Remembered* known = recall(handle_, key, value)) return AttributeSet(known->result);
+  // What is remembered is remembered of a set's own key, not of others that equal it.
+  if (const Attribute* own = findIn(attributes(), key); own != nullptr && own->key != key) return with(own->key, value);
   std::vector<Attribute> edited = listOf(attributes());
   put(edited, {key, value});
   AttributeSet result = intern(edited);
@@ -262,6 +269,14 @@ AttributeSet AttributeSet::with(const AttributeSet& additions) const {
   std::vector<Attribute> edited = listOf(attributes());
   for (const Attribute& attribute : additions.attributes()) put(edited, attribute);
   return intern(edited);
+}
+
+uint64_t AttributeSet::ticket() const { return uint64_t{table().entries[handle_].generation} << 32 | handle_; }
+
+AttributeSet AttributeSet::ofTicket(uint64_t ticket) {
+  const AttributeTable& sets = table();
+  const auto handle = static_cast<AttributeHandle>(ticket);
+  return sets.entries[handle].generation == ticket >> 32 ? AttributeSet(handle) : AttributeSet();
 }
 
 AttributeObject AttributeSet::companion() const { return table().entries[handle_].companion; }

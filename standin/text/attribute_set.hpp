@@ -43,6 +43,10 @@ class AttributeSet {
 
   // Of equal keys the last one's value holds.
   static AttributeSet of(std::span<const Attribute> attributes);
+  // A number by which `ofTicket` finds the set again while it lives; never 0 except for the empty set.
+  uint64_t ticket() const;
+  // The set that gave the ticket, or the empty set when that has been freed.
+  static AttributeSet ofTicket(uint64_t ticket);
   // Another reference to the set of a handle that somebody holds.
   explicit AttributeSet(AttributeHandle handle) : handle_(handle) { retain(handle); }
 

@@ -60,6 +60,17 @@ class RunLeaf : public TreeNode {
     std::free(leaf);
   }
 
+  // Moves the leaf, which one reference alone holds, to more room.
+  static constexpr bool canGrow = true;
+  static RunLeaf* grown(RunLeaf* leaf, uint32_t room) {
+    RunLeaf* larger = make(room);
+    std::copy_n(leaf->lengths(), leaf->count_, larger->writableLengths());
+    std::copy_n(leaf->handles(), leaf->count_, larger->writableLengths() + room);
+    larger->count_ = leaf->count_;
+    std::free(leaf);
+    return larger;
+  }
+
   uint32_t count() const { return count_; }
   const uint32_t* lengths() const { return reinterpret_cast<const uint32_t*>(this + 1); }
   const AttributeHandle* handles() const { return lengths() + room_; }
@@ -72,17 +83,16 @@ class RunLeaf : public TreeNode {
     uint32_t index, before;
   };
   Found find(uint32_t unit) const {
-    uint32_t index = 0, before = 0;
-    while (index + 1 < count_ && unit - before >= lengths()[index]) before += lengths()[index++];
-    return {index, before};
+    Found found = pastBlocks(0, unit);
+    while (found.index + 1 < count_ && unit - found.before >= lengths()[found.index])
+      found.before += lengths()[found.index++];
+    return found;
   }
 
   // `from` and `from + removed` must lie between runs.
   Extent extent(uint32_t from, uint32_t removed) const {
-    Extent extent{0, 0};
-    while (from > 0) from -= lengths()[extent.first++];
-    while (removed > 0) removed -= lengths()[extent.first + extent.count++];
-    return extent;
+    const uint32_t first = runsIn(0, from);
+    return {first, runsIn(first, removed)};
   }
 
   void append(const RunSpan& runs) {
@@ -90,8 +100,8 @@ class RunLeaf : public TreeNode {
     replace({count_, 0}, runs, ignored);
   }
 
-  // Makes the run that holds the unit longer or, modulo 2^32, shorter.
-  void adjust(uint32_t unit, const RunSum& change) { writableLengths()[find(unit).index] += change.units; }
+  // Makes the run longer or, modulo 2^32, shorter.
+  void adjust(uint32_t index, const RunSum& change) { writableLengths()[index] += change.units; }
 
   // Sets are released last: that may free objects, which may hold styled text of their own.
   void replace(Extent extent, const RunSpan& runs, RunSum& sum) {
@@ -107,9 +117,32 @@ class RunLeaf : public TreeNode {
   }
 
  private:
+  static constexpr uint32_t block = 8;
   static constexpr size_t bytesPerRun = sizeof(uint32_t) + sizeof(AttributeHandle);
 
   explicit RunLeaf(uint32_t room) : room_(room) {}
+  static uint32_t unitsOfBlock(const uint32_t* lengths) {
+    uint32_t units = 0;
+    for (uint32_t index = 0; index < block; ++index) units += lengths[index];
+    return units;
+  }
+  // Past the whole blocks from the run on that end at or before the unit, counted from there, but never past the last run:
+  // adding up a block takes little more than looking at one run.
+  Found pastBlocks(uint32_t first, uint32_t unit) const {
+    Found found{first, 0};
+    for (; found.index + block < count_; found.index += block) {
+      const uint32_t units = unitsOfBlock(lengths() + found.index);
+      if (unit - found.before < units) break;
+      found.before += units;
+    }
+    return found;
+  }
+  // How many runs from there on have just so many units.
+  uint32_t runsIn(uint32_t first, uint32_t units) const {
+    Found found = pastBlocks(first, units);
+    while (found.before < units) found.before += lengths()[found.index++];
+    return found.index - first;
+  }
   uint32_t* writableLengths() { return reinterpret_cast<uint32_t*>(this + 1); }
 
   void put(uint32_t* array, Extent extent, const uint32_t* values, uint32_t count) const {

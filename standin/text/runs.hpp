@@ -32,6 +32,7 @@ class BasicRuns {
 
     uint32_t start() const { return start_; }
     uint32_t length() const { return leaf().lengths()[index_]; }
+    uint32_t indexInLeaf() const { return index_; }
     uint32_t end() const { return start_ + length(); }
     AttributeHandle attributes() const { return leaf().handles()[index_]; }
     RunPlace place() const { return {start_, length(), attributes()}; }
@@ -65,6 +66,9 @@ class BasicRuns {
 
   void splice(uint32_t from, uint32_t removed, uint32_t inserted, const AttributeSet& attributes);
   void splice(uint32_t from, uint32_t removed, const BasicRuns& inserted);
+  // What is inserted gets the attributes of the first unit removed; when none is, those of the unit before it, or else of
+  // the one behind it.
+  void spliceInheriting(uint32_t from, uint32_t removed, uint32_t inserted);
   void remove(uint32_t from, uint32_t count) { splice(from, count, 0, AttributeSet()); }
   // Gives every run in the range the set that restyled(set) answers for its own.
   template <class Restyled>
@@ -175,9 +179,20 @@ void BasicRuns<leafCapacity, fanOut>::splice(uint32_t from, uint32_t removed, ui
   const Cursor run = cursorBefore(from);
   const bool keepsAttributes = inserted == 0 || run.attributes() == attributes.handle();
   if (keepsAttributes && from + removed <= run.end() && removed < run.length()) {
-    tree_.adjust(run.start(), {inserted - removed});
+    tree_.adjust(run.start(), run.indexInLeaf(), {inserted - removed});
   } else {
     edit(run, from, removed, [&](RunList& list, Cursor&) { list.add(inserted, attributes.handle()); });
+  }
+}
+
+template <uint32_t leafCapacity, uint32_t fanOut>
+void BasicRuns<leafCapacity, fanOut>::spliceInheriting(uint32_t from, uint32_t removed, uint32_t inserted) {
+  if (tree_.empty()) return splice(from, removed, inserted, AttributeSet());
+  const Cursor run(*this, removed > 0 || from == 0 ? from : from - 1);
+  if (from + removed <= run.end() && removed < run.length()) {
+    tree_.adjust(run.start(), run.indexInLeaf(), {inserted - removed});
+  } else {
+    splice(from, removed, inserted, AttributeSet(run.attributes()));
   }
 }
 
@@ -186,6 +201,10 @@ void BasicRuns<leafCapacity, fanOut>::splice(uint32_t from, uint32_t removed, co
   RunList list;
   if (tree_.empty()) {
     *this = inserted;
+  } else if (inserted.tree_.empty()) {
+    remove(from, removed);
+  } else if (const RunPlace first = inserted.find(0); first.length == inserted.length()) {
+    splice(from, removed, first.length, AttributeSet(first.attributes));
   } else if (inserted.gather(0, inserted.length(), list)) {
     edit(cursorBefore(from), from, removed, [&](RunList& target, Cursor&) {
       const RunSpan runs = list.runs();
@@ -204,9 +223,14 @@ template <class Restyled>
 void BasicRuns<leafCapacity, fanOut>::restyle(uint32_t from, uint32_t count, Restyled&& restyled) {
   if (count == 0) return;
   edit(cursorBefore(from), from, count, [&](RunList& list, Cursor& cursor) {
-    RestyledSets sets(restyled);
+    const uint32_t to = from + count;
     cursor.advanceTo(from);
-    for (uint32_t at = from, to = from + count;; cursor.next()) {
+    if (to <= cursor.end()) {
+      const AttributeSet result = restyled(AttributeSet(cursor.attributes()));
+      return list.add(count, result.handle());
+    }
+    RestyledSets sets(restyled);
+    for (uint32_t at = from;; cursor.next()) {
       const uint32_t end = std::min(cursor.end(), to);
       list.add(end - at, sets(cursor.attributes()));
       if (end == to) return;

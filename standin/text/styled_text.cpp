@@ -14,9 +14,9 @@ StyledText StyledText::slice(uint32_t from, uint32_t count) const {
 
 // The text first: it is what refuses a length that is too large.
 void StyledText::splice(uint32_t from, uint32_t removed, const StyledText& inserted) {
-  const StyledText held = inserted;  // which may be this one
-  text_.splice(from, removed, held.text_);
-  runs_.splice(from, removed, held.runs_);
+  if (&inserted == this) return splice(from, removed, StyledText(inserted));
+  text_.splice(from, removed, inserted.text_);
+  runs_.splice(from, removed, inserted.runs_);
 }
 
 void StyledText::splice(uint32_t from, uint32_t removed, const Text& inserted, const AttributeSet& attributes) {
@@ -25,10 +25,10 @@ void StyledText::splice(uint32_t from, uint32_t removed, const Text& inserted, c
   runs_.splice(from, removed, length, attributes);
 }
 
-AttributeSet StyledText::inheritedAttributes(uint32_t from, uint32_t removed) const {
-  if (length() == 0) return {};
-  const uint32_t position = removed > 0 || from == 0 ? from : from - 1;
-  return AttributeSet(find(position).attributes);
+void StyledText::splice(uint32_t from, uint32_t removed, const Text& inserted) {
+  const uint32_t length = inserted.size();
+  text_.splice(from, removed, inserted);
+  runs_.spliceInheriting(from, removed, length);
 }
 
 void StyledText::setAttributes(uint32_t from, uint32_t count, const AttributeSet& attributes) {

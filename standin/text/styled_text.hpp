@@ -32,9 +32,9 @@ class StyledText {
   StyledText slice(uint32_t from, uint32_t count) const;
   void splice(uint32_t from, uint32_t removed, const StyledText& inserted);
   void splice(uint32_t from, uint32_t removed, const Text& inserted, const AttributeSet& attributes);
-  // What text put in place of the range takes over: the attributes of its first unit; of an empty range, those of the unit
-  // before it, or else of the one behind it.
-  AttributeSet inheritedAttributes(uint32_t from, uint32_t removed) const;
+  // Text put in place of the range takes over the attributes of its first unit; of an empty range, those of the unit before
+  // it, or else of the one behind it.
+  void splice(uint32_t from, uint32_t removed, const Text& inserted);
 
   void setAttributes(uint32_t from, uint32_t count, const AttributeSet& attributes);
   // Of equal keys the added value holds.

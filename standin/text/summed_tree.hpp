@@ -9,9 +9,10 @@
 //   static roomFor(entries)    the room to give to a leaf of so many that is being edited
 //   count(), content(), append(content)
 //   hasRoom(entries)           the leaf can be edited in place to hold so many
+//   canGrow, grown(leaf, room) whether a leaf that lacks room can be moved to where it has it, and doing so
 //   extent(from, removed)      the entries that cover these units
 //   replace(extent, content, sum&)   in place; brings the sum of the leaf up to date
-//   adjust(unit, change)       if the tree's `adjust` is used: the entry that holds the unit grows by the sum
+//   adjust(entry, change)      if the tree's `adjust` is used: the entry grows by the sum
 //
 // Shape: every branch has 1 to fanOut children of equal height, no leaf is empty, and of two neighbouring children at least
 // one is more than a quarter full. Nodes are edited in place when this tree alone holds them, and copied when not.
@@ -61,8 +62,8 @@ class SummedTree {
   // The leaf behind; there must be one.
   Place next(const Place& place) const;
 
-  // Changes one entry: the one that holds the unit at the position grows, or modulo 2^32 shrinks, by the change.
-  void adjust(uint32_t position, const Sum& change);
+  // Changes one entry, a number in the leaf that holds the position: it grows, or modulo 2^32 shrinks, by the change.
+  void adjust(uint32_t position, uint32_t entry, const Sum& change);
   void replace(uint32_t from, uint32_t removed, const Content& inserted);
   void splice(uint32_t from, uint32_t removed, const SummedTree& inserted);
   SummedTree slice(uint32_t from, uint32_t count) const;
@@ -104,10 +105,14 @@ class SummedTree {
   static void destroy(TreeNode* node);
   static size_t bytesHeld(const Reference& node);
 
+  // The child that holds the position, which becomes one in the child. The branch has so many units.
+  static uint32_t descend(const Branch& branch, uint32_t units, uint32_t& position);
   // The node for editing: itself when unique, else a copy that takes its place.
   static Leaf& writableLeaf(Reference& node, uint32_t entries);
   static Branch& writableBranch(Reference& node);
 
+  // Edits inside one leaf when nothing but sums changes above it. False, with nothing done, when more than that is needed.
+  bool editInPlace(uint32_t from, uint32_t removed, const Content& inserted);
   // Each edits what `node` holds and brings `sum` up to date. Afterwards `node` is nil when nothing is left, and
   // `overflow` holds the part that has to follow it when it no longer fits into one node.
   static void edit(Reference& node, Sum& sum, uint32_t from, uint32_t removed, const Content& inserted, Piece& overflow);

@@ -15,19 +15,39 @@ namespace standin::text {
 
 TREE_TEMPLATE
 auto TREE::findBy(uint32_t Sum::*measure, uint32_t index) const -> Place {
-  Sum before{};
+  Sum before{}, sum = total_;
   const TreeNode* node = root_.get();
   const Branch* parent = nullptr;
   uint32_t child = 0;
   while (node->height > 0) {
     parent = static_cast<const Branch*>(node);
-    child = 0;
-    while (child + 1 < parent->count && index - before.*measure >= parent->sums[child].*measure) {
-      before += parent->sums[child++];
+    // As in `descend`.
+    child = parent->count - 1;
+    Sum beforeLast = before;
+    beforeLast += sum;
+    beforeLast -= parent->sums[child];
+    if (index >= beforeLast.*measure) {
+      before = beforeLast;
+    } else {
+      for (child = 0; index - before.*measure >= parent->sums[child].*measure;) before += parent->sums[child++];
     }
+    sum = parent->sums[child];
     node = parent->children[child].get();
   }
   return {static_cast<const Leaf*>(node), before, parent, child};
+}
+
+// The last child is tried first: text is mostly made, and asked about, at its end.
+TREE_TEMPLATE
+uint32_t TREE::descend(const Branch& branch, uint32_t units, uint32_t& position) {
+  const uint32_t last = branch.count - 1, beforeLast = units - branch.sums[last].units;
+  if (position >= beforeLast) {
+    position -= beforeLast;
+    return last;
+  }
+  uint32_t child = 0;
+  while (position >= branch.sums[child].units) position -= branch.sums[child++].units;
+  return child;
 }
 
 TREE_TEMPLATE
@@ -80,6 +100,12 @@ TREE_TEMPLATE
 auto TREE::writableLeaf(Reference& node, uint32_t entries) -> Leaf& {
   Leaf& leaf = leafOf(node.get());
   if (node.isUnique() && leaf.hasRoom(entries)) return leaf;
+  if constexpr (Leaf::canGrow) {
+    if (node.isUnique()) {
+      node.exchange(Leaf::grown(&leaf, Leaf::roomFor(entries)));
+      return leafOf(node.get());
+    }
+  }
   Leaf* copy = Leaf::make(std::max(Leaf::roomFor(entries), leaf.count()));
   copy->append(leaf.content());
   node = Reference::adopt(copy);
@@ -112,7 +138,14 @@ auto TREE::load(const Content& content) -> SummedTree {
   if (count == 0) return tree;
   // Leaves are left with some room, so that the first edits do not split every one of them.
   constexpr uint32_t fill = Leaf::capacity - Leaf::capacity / 8;
-  const uint32_t leaves = count <= Leaf::capacity ? 1 : (count - 1) / fill + 1;
+  if (count <= Leaf::capacity) {
+    Leaf* made = Leaf::make(count);
+    tree.root_ = Reference::adopt(made);
+    tree.total_ = Leaf::sumOf(content);
+    made->append(content);
+    return tree;
+  }
+  const uint32_t leaves = (count - 1) / fill + 1;
   std::vector<Piece> level;
   level.reserve(leaves);
   for (uint32_t leaf = 0; leaf < leaves; ++leaf) {
@@ -154,25 +187,56 @@ void TREE::replace(uint32_t from, uint32_t removed, const Content& inserted) {
     splice(from, removed, load(inserted));
     return;
   }
+  if (editInPlace(from, removed, inserted)) return;
   Piece overflow;
   edit(root_, total_, from, removed, inserted, overflow);
   finish(std::move(overflow));
 }
 
 TREE_TEMPLATE
-void TREE::adjust(uint32_t position, const Sum& change) {
+bool TREE::editInPlace(uint32_t from, uint32_t removed, const Content& inserted) {
+  // Every branch but the root has two children or more: 32-bit positions need no higher tree.
+  std::array<Sum*, 34> sums;
+  uint32_t levels = 0;
+  sums[levels++] = &total_;
+  Reference* node = &root_;
+  while ((*node)->height > 0 && node->isUnique() && levels < sums.size()) {
+    Branch& branch = branchOf(node->get());
+    const uint32_t child = descend(branch, sums[levels - 1]->units, from);
+    if (removed > branch.sums[child].units - from) return false;
+    sums[levels++] = &branch.sums[child];
+    node = &branch.children[child];
+  }
+  if ((*node)->height > 0 || !node->isUnique()) return false;
+  Leaf& leaf = leafOf(node->get());
+  const Extent extent = leaf.extent(from, removed);
+  const uint32_t count = leaf.count() - extent.count + Leaf::countOf(inserted);
+  // Only a leaf that loses entries can become too small beside its neighbours.
+  const uint32_t fewest = node == &root_ ? 1 : capacityOf(0) / 4 + 1;
+  if (count < std::min(fewest, leaf.count()) || count > Leaf::capacity || !leaf.hasRoom(count)) return false;
+  const Sum former = *sums[levels - 1];
+  Sum sum = former;
+  leaf.replace(extent, inserted, sum);
+  while (levels-- > 0) {
+    *sums[levels] -= former;
+    *sums[levels] += sum;
+  }
+  return true;
+}
+
+TREE_TEMPLATE
+void TREE::adjust(uint32_t position, uint32_t entry, const Sum& change) {
   Reference* node = &root_;
   Sum* sum = &total_;
   while ((*node)->height > 0) {
-    *sum += change;
     Branch& branch = writableBranch(*node);
-    uint32_t child = 0;
-    while (child + 1 < branch.count && position >= branch.sums[child].units) position -= branch.sums[child++].units;
+    const uint32_t child = descend(branch, sum->units, position);
+    *sum += change;
     node = &branch.children[child];
     sum = &branch.sums[child];
   }
   *sum += change;
-  writableLeaf(*node, leafOf(node->get()).count()).adjust(position, change);
+  writableLeaf(*node, leafOf(node->get()).count()).adjust(entry, change);
 }
 
 TREE_TEMPLATE
@@ -233,8 +297,7 @@ void TREE::splitLeaf(Reference& node, Sum& sum, Extent extent, const Content& in
 TREE_TEMPLATE
 void TREE::editBranch(Reference& node, Sum& sum, uint32_t from, uint32_t removed, const Content& inserted, Piece& overflow) {
   Branch& branch = writableBranch(node);
-  uint32_t index = 0;
-  while (index + 1 < branch.count && from >= branch.sums[index].units) from -= branch.sums[index++].units;
+  const uint32_t index = descend(branch, sum.units, from);
   Piece extra;
   if (removed > branch.sums[index].units - from) {
     editAcross(branch, index, from, removed, inserted, extra);

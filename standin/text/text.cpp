@@ -43,12 +43,16 @@ UnitSpan Text::chunkAt(uint32_t position) const {
 }
 
 void Text::copy(uint32_t from, uint32_t count, char16_t* out) const {
-  visitChunks(from, count, [&](auto units) { out = std::copy(units.begin(), units.end(), out); });
+  visitChunks(from, count, [&](auto units) {
+    UnitSpan(units).copyTo(out);
+    out += units.size();
+  });
 }
 
 bool Text::operator==(const Text& other) const {
   if (size() != other.size()) return false;
   if (isFlat() ? flat_.sharesBufferWith(other.flat_) && other.isFlat() : tree_.sharesRootWith(other.tree_)) return true;
+  if (isFlat() && other.isFlat()) return flat_.units() == other.flat_.units();
   for (uint32_t position = 0; position < size();) {
     const UnitSpan own = chunkAt(position), others = other.chunkAt(position);
     const uint32_t count = std::min(own.size(), others.size());
@@ -83,18 +87,18 @@ Text Text::slice(uint32_t from, uint32_t count) const {
 // Editing.
 
 void Text::splice(uint32_t from, uint32_t removed, const Text& inserted) {
+  if (&inserted == this) return splice(from, removed, Text(inserted));
   const uint32_t newSize = checkedLength(uint64_t{size()} - removed + inserted.size());
-  const Text held = inserted;  // which may be this text
   if (removed == size()) {
-    *this = held;
-  } else if (isFlat() && held.isFlat() && (newSize <= flatLimit || from + removed == size())) {
-    flat_.splice(from, removed, held.flat_.units());
+    *this = inserted;
+  } else if (isFlat() && inserted.isFlat() && (newSize <= flatLimit || from + removed == size())) {
+    flat_.splice(from, removed, inserted.flat_.units());
   } else {
     if (isFlat()) *this = Text(Tree::load(flat_.units()));
-    if (held.isFlat()) {
-      tree_.replace(from, removed, held.flat_.units());
+    if (inserted.isFlat()) {
+      tree_.replace(from, removed, inserted.flat_.units());
     } else {
-      tree_.splice(from, removed, held.tree_);
+      tree_.splice(from, removed, inserted.tree_);
     }
   }
 }

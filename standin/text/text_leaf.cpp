@@ -5,20 +5,6 @@
 
 namespace standin::text {
 
-TextSum& TextSum::operator+=(const TextSum& other) {
-  units += other.units;
-  paragraphBreaks += other.paragraphBreaks;
-  attachments += other.attachments;
-  return *this;
-}
-
-TextSum& TextSum::operator-=(const TextSum& other) {
-  units -= other.units;
-  paragraphBreaks -= other.paragraphBreaks;
-  attachments -= other.attachments;
-  return *this;
-}
-
 namespace {
 
 // Adds what the units count for. `Count` is as wide as a unit, so that the compiler can work on many units at once.

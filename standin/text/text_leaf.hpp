@@ -10,8 +10,18 @@ namespace standin::text {
 struct TextSum {
   uint32_t units, paragraphBreaks, attachments;
 
-  TextSum& operator+=(const TextSum& other);
-  TextSum& operator-=(const TextSum& other);
+  TextSum& operator+=(const TextSum& other) {
+    units += other.units;
+    paragraphBreaks += other.paragraphBreaks;
+    attachments += other.attachments;
+    return *this;
+  }
+  TextSum& operator-=(const TextSum& other) {
+    units -= other.units;
+    paragraphBreaks -= other.paragraphBreaks;
+    attachments -= other.attachments;
+    return *this;
+  }
   bool operator==(const TextSum&) const = default;
 };
 
@@ -33,6 +43,7 @@ class TextLeaf : public TreeNode {
   static uint32_t roomFor(uint32_t units) { return units; }
   static TextLeaf* make(uint32_t) { return new TextLeaf; }
   static void destroy(TextLeaf* leaf) { delete leaf; }
+  static constexpr bool canGrow = false;  // nor need to
 
   uint32_t count() const { return text_.size(); }
   UnitSpan content() const { return text_.units(); }

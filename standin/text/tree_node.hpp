@@ -39,6 +39,8 @@ class NodeReference {
   bool operator==(const NodeReference&) const = default;
   TreeNode* get() const { return node_; }
   TreeNode* operator->() const { return node_; }
+  // The one reference to a node that has moved.
+  void exchange(TreeNode* moved) { node_ = moved; }
   bool isUnique() const { return node_->references == 1; }
 
  private:

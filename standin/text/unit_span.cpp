@@ -3,22 +3,35 @@
 
 #include <algorithm>
 #include <cstring>
+#include <type_traits>
 
 namespace standin::text {
 namespace {
 
-// A count that is known when compiling lets the compiler work on many units at once.
-constexpr uint32_t block = 16;
+// Eight units side by side.
+constexpr uint32_t block = 8;
+template <class Unit>
+using Lanes __attribute__((vector_size(block * sizeof(Unit)))) = Unit;
+
+template <class Unit>
+Lanes<Unit> load(const void* from) {
+  Lanes<Unit> lanes;
+  std::memcpy(&lanes, from, sizeof lanes);
+  return lanes;
+}
 
 template <class From, class To>
 void convert(std::span<const From> from, To* to) {
   if constexpr (sizeof(From) == sizeof(To)) {
     std::copy_n(from.data(), from.size(), to);
   } else {
+    using FromLane = std::conditional_t<sizeof(From) == 1, uint8_t, uint16_t>;
+    using ToLane = std::conditional_t<sizeof(To) == 1, uint8_t, uint16_t>;
     const From* const whole = from.data() + from.size() / block * block;
     const From* next = from.data();
     for (; next != whole; next += block, to += block) {
-      for (uint32_t index = 0; index < block; ++index) to[index] = static_cast<To>(next[index]);
+      const auto lanes = __builtin_convertvector(load<FromLane>(next), Lanes<ToLane>);
+      std::memcpy(to, &lanes, sizeof lanes);
     }
     for (; next != from.data() + from.size(); ++next) *to++ = static_cast<To>(*next);
   }
@@ -37,10 +50,13 @@ void UnitSpan::copyTo(char16_t* units) const {
 bool UnitSpan::isLatin1() const {
   if (!isWide_) return true;
   uint32_t from = 0;
-  for (; from + block <= size_; from += block) {
-    char16_t all = 0;
-    for (uint32_t index = 0; index < block; ++index) all = static_cast<char16_t>(all | wide()[from + index]);
-    if (all > 0xFF) return false;
+  for (; from + 4 * block <= size_; from += 4 * block) {
+    const char16_t* const units = wide() + from;
+    const auto all = load<uint16_t>(units) | load<uint16_t>(units + block) | load<uint16_t>(units + 2 * block) |
+                     load<uint16_t>(units + 3 * block);
+    uint64_t halves[2];
+    std::memcpy(halves, &all, sizeof halves);
+    if (((halves[0] | halves[1]) & 0xFF00FF00FF00FF00) != 0) return false;
   }
   return std::all_of(wide() + from, wide() + size_, [](char16_t unit) { return unit <= 0xFF; });
 }
