@@ -3,9 +3,9 @@
 # Faces for the platform's families, for the scripts that these lack, and for emoji; 24 MB to fetch.
 FONT_PACKAGES="fonts-urw-base35 fonts-dejavu-core fonts-droid-fallback fonts-lohit-deva fonts-tlwg-loma-otf \
 fonts-noto-color-emoji"
-BUILD_PACKAGES="$FONT_PACKAGES g++ cmake ninja-build pkg-config ccache libicu-dev libffi-dev libfontconfig-dev libcli11-dev libpoppler-cpp-dev \
-libgdk-pixbuf-2.0-dev libharfbuzz-dev libdeflate-dev libxml2-dev libzip-dev libplist-dev"
-CHECK_PACKAGES="$BUILD_PACKAGES libgtest-dev clang-format binutils git"
+BUILD_PACKAGES="$FONT_PACKAGES g++ cmake ninja-build pkg-config ccache libicu-dev libffi-dev libfontconfig-dev \
+libcli11-dev libpoppler-cpp-dev libgdk-pixbuf-2.0-dev libharfbuzz-dev libdeflate-dev libxml2-dev libzip-dev libplist-dev"
+CHECK_PACKAGES="$BUILD_PACKAGES libgtest-dev clang-format binutils git poppler-utils qpdf jq dpkg-dev file"
 
 say() { printf '\033[1m==> %s\033[0m\n' "$*" >&2; }
 

@@ -29,8 +29,11 @@ class Expression {
   virtual Value* storage(Frame&) const { return nullptr; }
   // The declared type, where the program's text says it.
   virtual const Type* declaredType() const { return nullptr; }
+  // The same, and of calls what the host's declarations say while a program is checked.
+  const Type* knownType() const { return typeInText != nullptr ? typeInText : declaredType(); }
 
   const Position position;
+  const Type* typeInText = nullptr;
 };
 
 using ExpressionPointer = std::unique_ptr<Expression>;

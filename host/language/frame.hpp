@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -29,6 +30,12 @@ struct Context {
   Position position;
   // A function that is called with the stack below this raises StackOverflowException.
   const char* stackLimit = nullptr;
+  uint64_t stepsLeft = UINT64_MAX;
+
+  // Throws std::runtime_error, which no program can catch.
+  void takeStep() {
+    if (stepsLeft-- == 0) throw std::runtime_error("The program took too many steps.");
+  }
 };
 
 struct Frame {

@@ -24,11 +24,6 @@ const char* stackLimit() {
   return static_cast<const char*>(__builtin_frame_address(0)) - size / 4 * 3;
 }
 
-HostNames namesOf(const host::Runtime& runtime) {
-  return {[&runtime](const std::string& name) { return runtime.findClass(name) != nullptr; },
-          [&runtime](const std::string& name) { return !runtime.findGlobalMethods(name).empty(); }};
-}
-
 std::optional<Failure> runProgram(const Program& program, Context& context) {
   std::vector<Slot> globals(program.main.slots);
   for (size_t index = 0; index < globals.size(); ++index)
@@ -48,12 +43,17 @@ std::optional<Failure> runProgram(const Program& program, Context& context) {
 
 }  // namespace
 
+HostNames namesOf(const host::Runtime& runtime) {
+  return {[&runtime](const std::string& name) { return runtime.findClass(name) != nullptr; },
+          [&runtime](const std::string& name) { return !runtime.findGlobalMethods(name).empty(); }};
+}
+
 std::optional<Failure> run(host::Runtime& runtime, std::string_view source, const Invocation& invocation,
                            std::ostream& output) {
   registerStreams(runtime);
   try {
     const std::unique_ptr<Program> program = parse(source, namesOf(runtime));
-    Context context{runtime, output, invocation, nullptr, {}, stackLimit()};
+    Context context{runtime, output, invocation, nullptr, {}, stackLimit(), invocation.mostSteps};
     return runProgram(*program, context);
   } catch (const SyntaxError& error) {
     return Failure{error.position, error.what()};

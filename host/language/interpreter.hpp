@@ -1,6 +1,7 @@
 // Runs programs.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -19,6 +20,7 @@ namespace language {
 struct Invocation {
   std::string path;  // of the program's file
   std::vector<std::string> arguments;
+  uint64_t mostSteps = UINT64_MAX;  // statements and turns of loops; a program that takes more is ended
 };
 
 // Why a program was refused or ended early, and where in its text.

@@ -34,7 +34,7 @@ void appendCharacter(std::string& text, uint32_t character) {
 
 class Lexer {
  public:
-  explicit Lexer(std::string_view source) : source_(source) {
+  Lexer(std::string_view source, ErrorsByLine* errors) : source_(source), errors_(errors) {
     if (source_.starts_with("\xEF\xBB\xBF")) source_.remove_prefix(3);
   }
 
@@ -79,6 +79,12 @@ class Lexer {
     return tokens_.back();
   }
 
+  void complain(Position position, const char* message) {
+    const SyntaxError error(position, message);
+    if (errors_ == nullptr) throw error;
+    errors_->emplace(position.line, error);
+  }
+
   void next() {
     if (isBlank(peek())) return advance();
     if (onEndOfLine()) return begin(TokenKind::EndOfLine), advance();
@@ -108,7 +114,7 @@ class Lexer {
     Token& token = begin(TokenKind::String);
     advance();
     while (peek() != '"' || peek(1) == '"') {
-      if (onEndOfLine()) throw SyntaxError(token.position, "This string has no closing quote");
+      if (onEndOfLine()) return complain(token.position, "This string has no closing quote");
       if (peek() == '"') advance();
       token.text += take(1);
     }
@@ -121,14 +127,15 @@ class Lexer {
     if (peek(length) == '.' && isDigit(peek(length + 1))) whole = false, length = span(isDigit, length + 1);
     if (const size_t exponent = exponentAt(length)) whole = false, length = exponent;
     if (length < source_.size() - at_ && isWordUnit(peek(length))) {
-      throw SyntaxError(position_, "A name cannot begin with a digit");
+      complain(position_, "A name cannot begin with a digit");
+      length = span(isWordUnit, length);
     }
     Token& token = begin(whole ? TokenKind::Integer : TokenKind::Number);
     const std::string_view digits = take(length);
     const char* end = digits.data() + digits.size();
     const auto read =
         whole ? std::from_chars(digits.data(), end, token.integer) : std::from_chars(digits.data(), end, token.number);
-    if (read.ec != std::errc{}) throw SyntaxError(token.position, "This number is too large");
+    if (read.ec != std::errc{}) complain(token.position, "This number is too large");
   }
 
   // The length of the number with the exponent that begins at a length, or 0.
@@ -157,8 +164,8 @@ class Lexer {
   void addLiteral(char prefix, uint64_t value, size_t length, bool fits) {
     const bool isCharacter = prefix == 'u';
     const uint64_t limit = isCharacter ? 0x10FFFF : prefix == 'c' ? 0xFFFFFFFF : UINT64_MAX;
-    if (!fits || value > limit) throw SyntaxError(position_, "This number is too large");
-    if (isCharacter && value >= 0xD800 && value <= 0xDFFF) throw SyntaxError(position_, "This is half a character");
+    if (!fits || value > limit) complain(position_, "This number is too large");
+    if (isCharacter && value >= 0xD800 && value <= 0xDFFF) complain(position_, "This is half a character");
     Token& token = begin(isCharacter ? TokenKind::String : prefix == 'c' ? TokenKind::Colour : TokenKind::Integer);
     token.integer = static_cast<int64_t>(value);
     if (isCharacter) appendCharacter(token.text, static_cast<uint32_t>(value));
@@ -169,7 +176,7 @@ class Lexer {
     const auto found = std::find_if(kSymbols.begin(), kSymbols.end(), [this](std::string_view candidate) {
       return source_.substr(at_).starts_with(candidate);
     });
-    if (found == kSymbols.end()) throw SyntaxError(position_, "This character has no meaning here");
+    if (found == kSymbols.end()) return complain(position_, "This character has no meaning here"), advance();
     if (*found == "_") return continuation();
     Token& token = begin(*found == ":" ? TokenKind::EndOfLine : TokenKind::Symbol);
     token.text = take(found->size());
@@ -180,11 +187,12 @@ class Lexer {
     advance();
     advance(span(isBlank));
     if (peek() == '\'' || (peek() == '/' && peek(1) == '/')) comment();
-    if (!onEndOfLine()) throw SyntaxError(start, "Nothing but a comment may follow the line continuation");
+    if (!onEndOfLine()) complain(start, "Nothing but a comment may follow the line continuation");
     advance();
   }
 
   std::string_view source_;
+  ErrorsByLine* errors_;
   size_t at_ = 0;
   Position position_;
   std::vector<Token> tokens_;
@@ -200,6 +208,6 @@ std::string foldedName(std::string_view name) {
   return folded;
 }
 
-std::vector<Token> tokenize(std::string_view source) { return Lexer(source).run(); }
+std::vector<Token> tokenize(std::string_view source, ErrorsByLine* errors) { return Lexer(source, errors).run(); }
 
 }  // namespace language

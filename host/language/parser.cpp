@@ -2,14 +2,14 @@
 #include "host/language/parser.hpp"
 
 #include <algorithm>
-#include <array>
 
 #include "host/language/builtins.hpp"
+#include "host/language/diagnosis.hpp"
 
 namespace language {
 namespace {
 
-constexpr std::array kReserved = {
+constexpr std::string_view kReserved[] = {
     "and",  "as",   "byref",  "byval", "case", "catch", "const",   "continue", "dim",      "do",     "downto",
     "each", "else", "elseif", "end",   "exit", "false", "finally", "for",      "function", "if",     "isa",
     "loop", "mod",  "new",    "next",  "nil",  "not",   "or",      "raise",    "return",   "select", "step",
@@ -18,8 +18,10 @@ constexpr std::array kReserved = {
 
 }  // namespace
 
+std::span<const std::string_view> reservedWords() { return kReserved; }
+
 bool isReserved(const Token& token) {
-  return std::find(kReserved.begin(), kReserved.end(), token.folded) != kReserved.end();
+  return std::find(std::begin(kReserved), std::end(kReserved), token.folded) != std::end(kReserved);
 }
 
 std::unique_ptr<Program> parse(std::string_view source, const HostNames& names) { return Parser(source, names).run(); }
@@ -29,7 +31,10 @@ size_t Function::requiredParameters() const {
                                            [](const Parameter& parameter) { return parameter.defaultValue == nullptr; }));
 }
 
-Parser::Parser(std::string_view source, const HostNames& names) : names_(names), tokens_(tokenize(source)) {}
+Parser::Parser(std::string_view source, const HostNames& names, Diagnosis* diagnosis)
+    : names_(names),
+      diagnosis_(diagnosis),
+      tokens_(tokenize(source, diagnosis == nullptr ? nullptr : &diagnosis->errors())) {}
 
 std::unique_ptr<Program> Parser::run() {
   findFunctions();
@@ -63,7 +68,9 @@ bool Parser::atEndOfStatement() const { return peek().kind == TokenKind::EndOfLi
 bool Parser::atSeparator() const { return peek().kind == TokenKind::EndOfLine && peek().text == ":"; }
 
 void Parser::endStatement() {
-  if (!atEndOfStatement()) fail("The statement is complete before " + describeNext());
+  if (atEndOfStatement()) return;
+  complainAt(peek().position, "The statement is complete before " + describeNext());
+  skipLine();
 }
 
 void Parser::skipEmptyLines() {
@@ -100,8 +107,9 @@ std::string Parser::takeName(const char* purpose) {
 
 const Variable& Parser::declare(const Token& name, const Type& type, bool isConstant) {
   const Variable* variable = scope_->declare(name.folded, type, isConstant);
-  if (variable == nullptr) failAt(name.position, "\"" + name.text + "\" is already declared here");
-  return *variable;
+  if (variable != nullptr) return *variable;
+  complainAt(name.position, "\"" + name.text + "\" is already declared here");
+  return *scope_->find(name.folded);
 }
 
 Type Parser::takeType() {
@@ -109,7 +117,8 @@ Type Parser::takeType() {
   takeName("type");
   Type type = host::typeNamed(name.text);
   if (type.kind == Kind::Object && !type.isVariant() && !names_.isClass(name.text)) {
-    failAt(name.position, "There is no type \"" + name.text + "\"");
+    complainAt(name.position, "There is no type \"" + name.text + "\"");
+    type = host::typeNamed("Variant");
   }
   if (acceptSymbol("(")) {
     expectSymbol(")");
@@ -121,7 +130,7 @@ Type Parser::takeType() {
 std::string Parser::takeClassName() {
   const Token& name = peek();
   takeName("class");
-  if (!names_.isClass(name.text)) failAt(name.position, "There is no class \"" + name.text + "\"");
+  if (!names_.isClass(name.text)) complainAt(name.position, "There is no class \"" + name.text + "\"");
   return name.text;
 }
 
@@ -132,20 +141,28 @@ bool Parser::atFunction() const { return peek().is("sub") || peek().is("function
 void Parser::findFunctions() {
   bool atStart = true;
   while (peek().kind != TokenKind::EndOfFile) {
-    if (atStart && atFunction()) {
-      auto function = std::make_unique<Function>();
-      const bool hasResult = take().is("function");
-      const Token name = peek();
-      readHeading(*function, hasResult);
-      if (!functionIndices_.emplace(name.folded, program_->functions.size()).second) {
-        failAt(name.position, "There is already a function \"" + name.text + "\"");
-      }
-      program_->functions.push_back(std::move(function));
-      functionStarts_.push_back(at_);
-    }
+    if (atStart && atFunction()) takeFunction();
     atStart = take().kind == TokenKind::EndOfLine;
   }
   at_ = 0;
+}
+
+void Parser::takeFunction() {
+  auto function = std::make_unique<Function>();
+  const bool hasResult = take().is("function");
+  const Token name = peek();
+  try {
+    readHeading(*function, hasResult);
+  } catch (const SyntaxError& error) {
+    if (diagnosis_ == nullptr) throw;
+    diagnosis_->note(error);
+    diagnosis_->hide(name.folded);
+    return;
+  }
+  if (!functionIndices_.emplace(name.folded, program_->functions.size()).second)
+    complainAt(name.position, "There is already a function \"" + name.text + "\"");
+  program_->functions.push_back(std::move(function));
+  functionStarts_.push_back(at_);
 }
 
 void Parser::readHeading(Function& function, bool hasResult) {
@@ -184,7 +201,8 @@ void Parser::skipFunction() {
     while (take().kind != TokenKind::EndOfLine) {
     }
     skipEmptyLines();
-    if (peek().kind == TokenKind::EndOfFile) failAt(start.position, "This " + start.text + " has no End " + start.text);
+    if (peek().kind == TokenKind::EndOfFile)
+      return complainAt(start.position, "This " + start.text + " has no End " + start.text);
   } while (!peek().is("end") || !peek(1).is(start.folded));
   take();
   take();
@@ -194,12 +212,7 @@ void Parser::skipFunction() {
 void Parser::readMain() {
   program_->main.name = "main";
   for (skipEmptyLines(); peek().kind != TokenKind::EndOfFile; skipEmptyLines()) {
-    if (atFunction()) {
-      skipFunction();
-    } else {
-      takeInto(program_->main.body);
-    }
-    endStatement();
+    atFunction() ? skipFunction() : takeLineInto(program_->main.body);
   }
   program_->main.slots = globals_.slots();
   program_->globalTypes = globals_.types();
@@ -211,17 +224,21 @@ void Parser::readBody(size_t index) {
   for (const Parameter& parameter : function.parameters) {
     const Variable* added = parameter.isReference ? scope.declareReference(parameter.name, parameter.type)
                                                   : scope.declare(parameter.name, parameter.type);
-    if (added == nullptr) failAt(function.position, "Two parameters are called \"" + parameter.name + "\"");
+    if (added == nullptr) complainAt(function.position, "Two parameters are called \"" + parameter.name + "\"");
   }
   at_ = functionStarts_[index];
   scope_ = &scope;
   function_ = &function;
-  const bool hasResult = function.result != nullptr;
-  function.body = takeBlock({"end"}, hasResult ? "Function" : "Sub", function.position);
-  expectEnd(hasResult ? "Function" : "Sub");
+  diagnosis_ == nullptr ? takeBody(function) : readBodyRecovering(function);
   function.slots = scope.slots();
   scope_ = &globals_;
   function_ = nullptr;
+}
+
+void Parser::takeBody(Function& function) {
+  const char* kind = function.result != nullptr ? "Function" : "Sub";
+  function.body = takeBlock({"end"}, kind, function.position);
+  expectEnd(kind);
 }
 
 }  // namespace language

@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 #include <map>
+#include <span>
 
 #include "host/language/branches.hpp"
 #include "host/language/builtins.hpp"
@@ -12,16 +13,21 @@
 
 namespace language {
 
-// Words of the language, which nothing else can be called.
+// Words of the language, which nothing else can be called, in lower case.
+std::span<const std::string_view> reservedWords();
 bool isReserved(const Token& token);
+
+class Diagnosis;
 
 class Parser {
  public:
-  Parser(std::string_view source, const HostNames& names);
+  // With a diagnosis the program is read to be checked: what is wrong is noted there, and the rest read on.
+  Parser(std::string_view source, const HostNames& names, Diagnosis* diagnosis = nullptr);
   std::unique_ptr<Program> run();
 
  private:
   class BlockGuard;
+  class OpenBlock;
   class DepthGuard {
    public:
     explicit DepthGuard(Parser& parser);
@@ -48,6 +54,19 @@ class Parser {
   [[noreturn]] void fail(const std::string& message) const;
   [[noreturn]] static void failAt(Position position, const std::string& message);
 
+  // Reading on behind an error, while the program is checked.
+  void complainAt(Position position, const std::string& message);
+  void takeRecovering(Block& block);
+  void recoverFrom(size_t first, std::string_view block);
+  void takeRest(std::string_view block);
+  void takeBranch();
+  void readBodyRecovering(Function& function);
+  void hideDeclarations(size_t first);
+  void skipLine();
+  bool isOpen(std::string_view block) const;
+  std::string_view blockEndedHere() const;
+  std::string_view blockBegunAt(size_t first) const;
+
   // Names and types.
   std::string takeName(const char* purpose);
   const Variable& declare(const Token& name, const Type& type, bool isConstant = false);
@@ -56,10 +75,12 @@ class Parser {
 
   // Functions: their headings are read first, then the main part, then their bodies.
   void findFunctions();
+  void takeFunction();
   void readHeading(Function& function, bool hasResult);
   Parameter takeParameter();
   void readMain();
   void readBody(size_t index);
+  void takeBody(Function& function);
   void skipFunction();
   bool atFunction() const;
 
@@ -68,6 +89,7 @@ class Parser {
   Block takeLine();
   bool atOneOf(std::initializer_list<std::string_view> words) const;
   void expectEnd(std::string_view what);
+  void takeLineInto(Block& block);
   void takeInto(Block& block);
   StatementPointer takeStatement();
   StatementPointer takeSimpleStatement();
@@ -104,6 +126,7 @@ class Parser {
   ExpressionPointer takeParenthesized();
   ExpressionPointer takeLiteral();
   ExpressionPointer takeNamed(bool startsStatement);
+  ExpressionPointer takeUnknown(const Token& name, bool startsStatement);
   ExpressionPointer takeIndex(ExpressionPointer whole);
   ExpressionPointer takeFunctionCall(const Function& function, Position start, bool startsStatement);
   ExpressionPointer takeBuiltin(const Builtin& builtin, Position start, bool startsStatement);
@@ -118,6 +141,7 @@ class Parser {
   void countOperation();
 
   const HostNames& names_;
+  Diagnosis* const diagnosis_;
   std::vector<Token> tokens_;
   size_t at_ = 0;
   size_t depth_ = 0;       // of parentheses and blocks
@@ -127,6 +151,7 @@ class Parser {
   Scope* scope_ = &globals_;
   const Function* function_ = nullptr;  // the one being read; nil in the main part
   std::vector<LoopKind> loops_;         // around the statement being read
+  std::vector<std::string_view> openBlocks_;
   std::map<std::string, size_t> functionIndices_;
   std::vector<size_t> functionStarts_;
 };

@@ -3,31 +3,13 @@
 
 #include "host/language/branches.hpp"
 #include "host/language/calls.hpp"
+#include "host/language/diagnosis.hpp"
 #include "host/language/loops.hpp"
-#include "host/language/parser.hpp"
+#include "host/language/parser_guards.hpp"
 #include "host/language/try.hpp"
 #include "host/language/variables.hpp"
 
 namespace language {
-
-// A block with names of its own, inside a loop of the kind or no loop.
-class Parser::BlockGuard {
- public:
-  explicit BlockGuard(Parser& parser, std::optional<LoopKind> loop = {}) : parser_(parser), loop_(loop.has_value()) {
-    parser_.scope_->open();
-    if (loop_) parser_.loops_.push_back(*loop);
-  }
-  BlockGuard(const BlockGuard&) = delete;
-  BlockGuard& operator=(const BlockGuard&) = delete;
-  ~BlockGuard() {
-    if (loop_) parser_.loops_.pop_back();
-    parser_.scope_->close();
-  }
-
- private:
-  Parser& parser_;
-  const bool loop_;
-};
 
 bool Parser::atOneOf(std::initializer_list<std::string_view> words) const {
   return std::any_of(words.begin(), words.end(), [this](std::string_view word) { return peek().is(word); });
@@ -41,11 +23,12 @@ void Parser::expectEnd(std::string_view what) {
 // The lines up to one that begins with one of the words.
 Block Parser::takeBlock(std::initializer_list<std::string_view> ends, std::string_view what, Position start) {
   const BlockGuard guard(*this);
+  const std::string word = foldedName(what);
+  const OpenBlock open(*this, word);
   Block block;
   for (skipEmptyLines(); !atOneOf(ends); skipEmptyLines()) {
     if (peek().kind == TokenKind::EndOfFile) failAt(start, "This " + std::string(what) + " has no end");
-    takeInto(block);
-    endStatement();
+    takeLineInto(block);
   }
   return block;
 }
@@ -57,6 +40,12 @@ Block Parser::takeLine() {
   do takeInto(block);
   while (!peek().is("else") && atSeparator() && (take(), !atEndOfStatement()));
   return block;
+}
+
+void Parser::takeLineInto(Block& block) {
+  if (diagnosis_ != nullptr) return takeRecovering(block);
+  takeInto(block);
+  endStatement();
 }
 
 void Parser::takeInto(Block& block) {

@@ -1,5 +1,9 @@
 // The rules of expressions.
+#include <algorithm>
+
 #include "host/language/calls.hpp"
+#include "host/language/conversion.hpp"
+#include "host/language/diagnosis.hpp"
 #include "host/language/operators.hpp"
 #include "host/language/parser.hpp"
 #include "host/language/variables.hpp"
@@ -87,7 +91,11 @@ ExpressionPointer Parser::takeMember(ExpressionPointer receiver, bool startsStat
   const Token& name = peek();
   if (name.kind != TokenKind::Word) fail("The name of a member belongs here, not " + describeNext());
   take();
-  return std::make_unique<Member>(name.position, std::move(receiver), name.text, takeArguments(startsStatement));
+  Expressions arguments = takeArguments(startsStatement);
+  const Type* known = diagnosis_ == nullptr ? nullptr : diagnosis_->member(receiver->knownType(), name, arguments.size());
+  auto member = std::make_unique<Member>(name.position, std::move(receiver), name.text, std::move(arguments));
+  member->typeInText = known;
+  return member;
 }
 
 ExpressionPointer Parser::takePrimary(bool startsStatement) {
@@ -147,9 +155,18 @@ ExpressionPointer Parser::takeNamed(bool startsStatement) {
     take();
     return std::make_unique<SharedMember>(name.position, "", name.text, takeArguments(startsStatement));
   }
-  if (!names_.isClass(name.text)) fail("There is nothing called \"" + name.text + "\"");
+  if (!names_.isClass(name.text)) return takeUnknown(name, startsStatement);
   take();
   return takeSharedMember(name, startsStatement);
+}
+
+// While the program is checked, a name is missed once.
+ExpressionPointer Parser::takeUnknown(const Token& name, bool startsStatement) {
+  if (diagnosis_ == nullptr || diagnosis_->hide(name.folded))
+    complainAt(name.position, "There is nothing called \"" + name.text + "\"");
+  take();
+  takeArguments(startsStatement);
+  return std::make_unique<VariableReference>(name.position, Variable{Storage::Global, 0, host::typeNamed("Variant"), false});
 }
 
 // "list(index)", or the whole as in "list" and "list()".
@@ -159,21 +176,24 @@ ExpressionPointer Parser::takeIndex(ExpressionPointer whole) {
   const Position start = whole->position;
   ExpressionPointer index = takeExpression();
   expectSymbol(")");
-  return std::make_unique<Element>(start, std::move(whole), std::move(index));
+  const Type* list = diagnosis_ == nullptr ? nullptr : whole->knownType();
+  auto element = std::make_unique<Element>(start, std::move(whole), std::move(index));
+  if (list != nullptr && list->array) element->typeInText = diagnosis_->keep(typeOfElements(*list));
+  return element;
 }
 
 ExpressionPointer Parser::takeFunctionCall(const Function& function, Position start, bool startsStatement) {
   const bool isList = function.parameters.empty() && function.result != nullptr && function.result->array;
   if (isList) return takeIndex(std::make_unique<FunctionCall>(start, function, Expressions()));
   Expressions arguments = takeArguments(startsStatement);
-  if (arguments.size() < function.requiredParameters()) failAt(start, function.name + " needs more arguments");
-  if (arguments.size() > function.parameters.size()) failAt(start, function.name + " takes fewer arguments");
-  for (size_t index = 0; index < arguments.size(); ++index) {
+  if (arguments.size() < function.requiredParameters()) complainAt(start, function.name + " needs more arguments");
+  if (arguments.size() > function.parameters.size()) complainAt(start, function.name + " takes fewer arguments");
+  for (size_t index = 0; index < std::min(arguments.size(), function.parameters.size()); ++index) {
     const Parameter& parameter = function.parameters[index];
     if (!parameter.isReference) continue;
     const Expression& argument = *arguments[index];
     if (!argument.isAssignable() || !argument.isStored() || !(*argument.declaredType() == parameter.type)) {
-      failAt(argument.position, "A ByRef argument must be a variable of the type " + host::describe(parameter.type));
+      complainAt(argument.position, "A ByRef argument must be a variable of the type " + host::describe(parameter.type));
     }
   }
   return std::make_unique<FunctionCall>(start, function, std::move(arguments));
@@ -193,8 +213,8 @@ const Builtin* Parser::takeBuiltinName() {
 ExpressionPointer Parser::takeBuiltin(const Builtin& builtin, Position start, bool startsStatement) {
   if (builtin.maximum == 0) return takeIndex(std::make_unique<BuiltinCall>(start, builtin, Expressions()));
   Expressions arguments = takeArguments(startsStatement);
-  if (arguments.size() < builtin.minimum) failAt(start, std::string(builtin.name) + " needs more arguments");
-  if (arguments.size() > builtin.maximum) failAt(start, std::string(builtin.name) + " takes fewer arguments");
+  if (arguments.size() < builtin.minimum) complainAt(start, std::string(builtin.name) + " needs more arguments");
+  if (arguments.size() > builtin.maximum) complainAt(start, std::string(builtin.name) + " takes fewer arguments");
   return std::make_unique<BuiltinCall>(start, builtin, std::move(arguments));
 }
 
@@ -203,13 +223,21 @@ ExpressionPointer Parser::takeSharedMember(const Token& className, bool startsSt
   const Token& name = peek();
   if (name.kind != TokenKind::Word) fail("The name of a member belongs here, not " + describeNext());
   take();
-  return std::make_unique<SharedMember>(name.position, className.text, name.text, takeArguments(startsStatement));
+  Expressions arguments = takeArguments(startsStatement);
+  const Type* known = diagnosis_ == nullptr ? nullptr : diagnosis_->sharedMember(className.text, name, arguments.size());
+  auto member = std::make_unique<SharedMember>(name.position, className.text, name.text, std::move(arguments));
+  member->typeInText = known;
+  return member;
 }
 
 ExpressionPointer Parser::takeNew() {
   const Position start = peek().position;
   std::string className = takeClassName();
-  return std::make_unique<New>(start, std::move(className), takeArguments(false));
+  Expressions arguments = takeArguments(false);
+  const Type* known = diagnosis_ == nullptr ? nullptr : diagnosis_->creation(className, start, arguments.size());
+  auto created = std::make_unique<New>(start, std::move(className), std::move(arguments));
+  created->typeInText = known;
+  return created;
 }
 
 Expressions Parser::takeArguments(bool startsStatement) {

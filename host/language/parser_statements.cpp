@@ -134,12 +134,12 @@ StatementPointer Parser::takeCallOrAssignment() {
   ExpressionPointer target = takePostfix(true);
   const Token next = peek();
   if (acceptSymbol("=")) {
-    if (!target->isAssignable()) failAt(start, "Nothing can be assigned to this");
+    if (!target->isAssignable()) complainAt(start, "Nothing can be assigned to this");
     return std::make_unique<Assign>(start, std::move(target), takeExpression());
   }
   for (const UpdateRow& row : kUpdates) {
     if (!acceptSymbol(row.symbol)) continue;
-    if (!target->isAssignable()) failAt(start, "Nothing can be assigned to this");
+    if (!target->isAssignable()) complainAt(start, "Nothing can be assigned to this");
     ExpressionPointer value = takeExpression();
     const size_t end = std::exchange(at_, first);
     ExpressionPointer old = takePostfix(false);

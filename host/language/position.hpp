@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <stdexcept>
 #include <string>
 
@@ -19,5 +20,8 @@ class SyntaxError : public std::runtime_error {
   SyntaxError(Position where, const std::string& message) : std::runtime_error(message), position(where) {}
   Position position;
 };
+
+// The first error of each line: what else is wrong there often follows from it.
+using ErrorsByLine = std::map<uint32_t, SyntaxError>;
 
 }  // namespace language

@@ -10,6 +10,10 @@
 #include "host/language/expression.hpp"
 #include "host/language/statement.hpp"
 
+namespace host {
+class Runtime;
+}
+
 namespace language {
 
 struct Parameter {
@@ -41,6 +45,8 @@ struct HostNames {
   std::function<bool(const std::string& name)> isClass;
   std::function<bool(const std::string& name)> isGlobalMethod;
 };
+
+HostNames namesOf(const host::Runtime& runtime);
 
 // Throws SyntaxError.
 std::unique_ptr<Program> parse(std::string_view source, const HostNames& names);

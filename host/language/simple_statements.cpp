@@ -8,8 +8,11 @@
 
 namespace language {
 
+// An empty block is a step too: it may be all that a loop holds.
 Flow Block::run(Frame& frame) const {
+  frame.context.takeStep();
   for (const StatementPointer& statement : statements_) {
+    frame.context.takeStep();
     frame.context.position = statement->position;
     if (const Flow flow = statement->run(frame); flow != Flow::Next) return flow;
   }

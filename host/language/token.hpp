@@ -26,7 +26,8 @@ struct Token {
 // Names are compared in lower case; only ASCII letters have cases here.
 std::string foldedName(std::string_view name);
 
-// Splits a source into tokens. The last one is EndOfFile, and an EndOfLine stands before it. Throws SyntaxError.
-std::vector<Token> tokenize(std::string_view source);
+// Splits a source into tokens. The last one is EndOfFile, and an EndOfLine stands before it. Throws SyntaxError; where
+// errors are collected, the first of each line goes there instead.
+std::vector<Token> tokenize(std::string_view source, ErrorsByLine* errors = nullptr);
 
 }  // namespace language

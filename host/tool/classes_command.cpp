@@ -1,89 +1,105 @@
 // Lists the members of classes, as their records declare them.
 #include "host/tool/classes_command.hpp"
 
-#include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <vector>
 
 #include "host/runtime/runtime.hpp"
+#include "host/tool/class_members.hpp"
+#include "host/tool/description.hpp"
+#include "host/tool/documents.hpp"
+#include "host/tool/files.hpp"
 #include "host/tool/messages.hpp"
 #include "host/tool/plugins.hpp"
+#include "host/tool/reference_pages.hpp"
 
 namespace tool {
 namespace {
 
-struct Section {
-  const char* title;
-  std::vector<std::string> lines;
-};
+using Classes = std::vector<const host::HostClass*>;
 
-std::string describe(const host::Property& property) {
-  const std::string text = property.name + " As " + host::describe(property.type);
-  return property.isReadOnly() ? text + "   ' read-only" : text;
-}
-
-template <class Members>
-std::vector<std::string> declarations(const Members& members) {
-  std::vector<std::string> lines;
-  for (const auto& member : members) lines.push_back(member.text);
-  return lines;
-}
-
-std::vector<Section> sectionsOf(const host::HostClass& type) {
-  Section properties{"Properties", {}};
-  for (const host::Property& property : type.properties()) properties.lines.push_back(describe(property));
-  return {properties,
-          {"Methods", declarations(type.methods())},
-          {"Constants", declarations(type.constants())},
-          {"Shared methods", declarations(type.sharedMethods())}};
-}
-
-void printPlain(const host::HostClass& type) {
-  std::cout << type.name();
-  if (type.superclass() != nullptr) std::cout << " (a " << type.superclass()->name() << ")";
-  std::cout << '\n';
-  for (const Section& section : sectionsOf(type)) {
-    if (section.lines.empty()) continue;
-    std::cout << "  " << section.title << " (" << section.lines.size() << ")\n";
-    for (const std::string& line : section.lines) std::cout << "    " << line << '\n';
+void printPlain(const Classes& classes) {
+  for (const host::HostClass* type : classes) {
+    if (type != classes.front()) std::cout << '\n';
+    std::cout << type->name();
+    if (type->superclass() != nullptr) std::cout << " (a " << type->superclass()->name() << ")";
+    std::cout << '\n';
+    for (const MemberSection& section : membersOf(*type)) {
+      std::cout << "  " << section.title << " (" << section.members.size() << ")\n";
+      for (const Member& member : section.members) {
+        std::cout << "    " << member.declaration << (member.isReadOnly ? "   ' read-only" : "") << '\n';
+      }
+    }
   }
 }
 
-void printMarkdown(const host::HostClass& type) {
-  std::cout << "## " << type.name() << "\n\n";
-  if (type.superclass() != nullptr) std::cout << "A subclass of `" << type.superclass()->name() << "`.\n\n";
-  for (const Section& section : sectionsOf(type)) {
-    if (section.lines.empty()) continue;
-    std::cout << "### " << section.title << "\n\n```\n";
-    for (const std::string& line : section.lines) std::cout << line << '\n';
-    std::cout << "```\n\n";
+void printMarkdown(const Classes& classes) {
+  for (const host::HostClass* type : classes) {
+    std::cout << "## " << type->name() << "\n\n";
+    if (type->superclass() != nullptr) std::cout << "A subclass of `" << type->superclass()->name() << "`.\n\n";
+    for (const MemberSection& section : membersOf(*type)) {
+      std::cout << "### " << section.title << "\n\n```\n";
+      for (const Member& member : section.members) {
+        std::cout << member.declaration << (member.isReadOnly ? "   ' read-only" : "") << '\n';
+      }
+      std::cout << "```\n\n";
+    }
   }
 }
 
-std::vector<const host::HostClass*> wantedClasses(const std::string& className) {
-  const host::Runtime& runtime = host::Runtime::shared();
-  if (!className.empty()) return {runtime.findClass(className)};
-  std::vector<const host::HostClass*> found;
-  for (const auto& type : runtime.classes()) {
-    if (type->record() != nullptr) found.push_back(type.get());
+Description describeMember(const Member& member) {
+  Fields fields{{"declaration", {member.declaration}}};
+  if (member.isReadOnly) fields.push_back({"readOnly", {true}});
+  return {fields};
+}
+
+Description describeClass(const host::HostClass& type) {
+  Fields fields{{"name", {type.name()}}};
+  if (type.superclass() != nullptr) fields.push_back({"superclass", {type.superclass()->name()}});
+  for (const MemberSection& section : membersOf(type)) {
+    Items members;
+    for (const Member& member : section.members) members.push_back(describeMember(member));
+    fields.push_back({host::lowerCase(section.title), {members}});
   }
-  return found;
+  return {fields};
+}
+
+void printJson(const Classes& classes) {
+  Items items;
+  for (const host::HostClass* type : classes) items.push_back(describeClass(*type));
+  std::cout << asJson({items}) << '\n';
+}
+
+int writeReference(const ClassesOptions& options) {
+  try {
+    std::filesystem::create_directories(options.folder);
+    for (const auto& [name, page] : referencePages(options.prose)) {
+      writeBytes((std::filesystem::path(options.folder) / name).string(), page);
+    }
+    return Succeeded;
+  } catch (const DocumentError& error) {
+    report(options.folder, error.message);
+  } catch (const std::exception& error) {
+    report(options.prose, error.what());
+  }
+  return Failed;
 }
 
 }  // namespace
 
-int listClasses(const std::string& className, bool markdown) {
+int listClasses(const ClassesOptions& options) {
   if (!loadPlugins()) return Failed;
-  const std::vector<const host::HostClass*> wanted = wantedClasses(className);
+  if (!options.prose.empty()) return writeReference(options);
+  Classes wanted = pluginClasses();
+  if (!options.className.empty()) wanted = {host::Runtime::shared().findClass(options.className)};
   if (wanted.front() == nullptr) {
-    report(className, "there is no such class");
+    report(options.className, "there is no such class");
     return Failed;
   }
-  for (const host::HostClass* type : wanted) {
-    if (!markdown && type != wanted.front()) std::cout << '\n';
-    markdown ? printMarkdown(*type) : printPlain(*type);
-  }
-  return Succeeded;
+  const auto print = options.json ? printJson : options.markdown ? printMarkdown : printPlain;
+  print(wanted);
+  return finishOutput();
 }
 
 }  // namespace tool

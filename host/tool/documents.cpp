@@ -9,6 +9,7 @@
 #include "host/tool/files.hpp"
 #include "host/tool/members.hpp"
 #include "host/tool/pdf_pages.hpp"
+#include "host/tool/reading_errors.hpp"
 
 namespace tool {
 namespace {
@@ -27,15 +28,18 @@ struct Format {
   Save save;
 };
 
-void requireRead(const Value& succeeded, const Format& format) {
-  if (!succeeded.asBoolean()) throw DocumentError{std::string("it cannot be read as ") + format.name};
+// A document that is none of the format, or damaged.
+struct Unreadable {};
+
+void requireRead(const Value& succeeded) {
+  if (!succeeded.asBoolean()) throw Unreadable();
 }
 
 // Through an initialiser that takes one argument and hands out the document attributes.
-StyledDocument openedWith(std::string_view declaration, Value argument, const Format& format) {
+StyledDocument openedWith(std::string_view declaration, Value argument) {
   StyledDocument document{make("NSAttributedStringZKT"), {}};
   std::vector<Value> arguments{std::move(argument), {}};
-  requireRead(call(document.text, declaration, arguments), format);
+  requireRead(call(document.text, declaration, arguments));
   document.attributes = std::move(arguments[1]);
   return document;
 }
@@ -46,67 +50,58 @@ std::string typeOf(const StyledDocument& document) {
 }
 
 // The library finds the format by content and by name.
-StyledDocument openAny(const std::string& path, const Format& format) {
+StyledDocument openAny(const std::string& path) {
   if (!fs::is_directory(path)) static_cast<void>(contentsOf(path));
-  return openedWith("initWithPath(path as string, byref documentAttributes as dictionary) as boolean", Value::string(path),
-                    format);
+  return openedWith("initWithPath(path as string, byref documentAttributes as dictionary) as boolean", Value::string(path));
 }
 
 // A document that turns out to be of another format is none of this one.
 StyledDocument openFound(const Format& format, const std::string& path) {
-  StyledDocument document = openAny(path, format);
-  if (typeOf(document) != format.type) throw DocumentError{std::string("it cannot be read as ") + format.name};
+  StyledDocument document = openAny(path);
+  if (typeOf(document) != format.type) throw Unreadable();
   return document;
 }
 
-StyledDocument openedFromBytes(std::string_view declaration, const std::string& path, const Format& format) {
-  return openedWith(declaration, Value::object(host::makeMemoryBlock(contentsOf(path))), format);
+StyledDocument openedFromBytes(std::string_view declaration, const std::string& path) {
+  return openedWith(declaration, Value::object(host::makeMemoryBlock(contentsOf(path))));
 }
 
-StyledDocument openRTF(const Format& format, const std::string& path) {
-  return openedFromBytes("initWithRTF(data as memoryblock, byref documentAttributes as dictionary) as boolean", path,
-                         format);
+StyledDocument openRTF(const Format&, const std::string& path) {
+  return openedFromBytes("initWithRTF(data as memoryblock, byref documentAttributes as dictionary) as boolean", path);
 }
 
-StyledDocument openRTFD(const Format& format, const std::string& path) {
-  if (fs::is_directory(path)) return openAny(path, format);
-  return openedFromBytes("initWithRTFD(data as memoryblock, byref documentAttributes as dictionary) as boolean", path,
-                         format);
+StyledDocument openRTFD(const Format&, const std::string& path) {
+  if (fs::is_directory(path)) return openAny(path);
+  return openedFromBytes("initWithRTFD(data as memoryblock, byref documentAttributes as dictionary) as boolean", path);
 }
 
-StyledDocument openDoc(const Format& format, const std::string& path) {
-  return openedFromBytes("initWithDocFormat(data as memoryblock, byref documentAttributes as dictionary) as boolean", path,
-                         format);
+StyledDocument openDoc(const Format&, const std::string& path) {
+  return openedFromBytes("initWithDocFormat(data as memoryblock, byref documentAttributes as dictionary) as boolean", path);
 }
 
 // Pictures are looked for beside the document.
-StyledDocument openHTML(const Format& format, const std::string& path) {
+StyledDocument openHTML(const Format&, const std::string& path) {
   StyledDocument document{make("NSAttributedStringZKT"), {}};
   std::vector<Value> arguments{Value::object(host::makeMemoryBlock(contentsOf(path))), Value::string(fileURL(path)), {}};
   requireRead(call(document.text,
                    "initWithHTML(data as memoryblock, BaseURL as string, byref documentAttributes as dictionary) as boolean",
-                   arguments),
-              format);
+                   arguments));
   document.attributes = std::move(arguments[2]);
   return document;
 }
 
-StyledDocument openedFromText(std::string_view declaration, const std::string& path, const Format& format) {
+StyledDocument openedFromText(std::string_view declaration, const std::string& path) {
   StyledDocument document{make("NSAttributedStringZKT"), {}};
-  requireRead(call(document.text, declaration, {Value::string(contentsOf(path))}), format);
+  requireRead(call(document.text, declaration, {Value::string(contentsOf(path))}));
   return document;
 }
 
-StyledDocument openText(const Format& format, const std::string& path) {
-  return openedFromText("initWithString(text as string) as boolean", path, format);
+StyledDocument openText(const Format&, const std::string& path) {
+  return openedFromText("initWithString(text as string) as boolean", path);
 }
 
-StyledDocument openTags(const Format& format, const std::string& path) {
-  return openedFromText("initWithHTMLOld(data as string) as boolean", path, format);
-}
-
-void saveText(const Format&, const StyledDocument& document, const std::string& path, const PageDone&) {
-  writeBytes(path, utf8(get(document.text, "Text")));
+StyledDocument openTags(const Format&, const std::string& path) {
+  return openedFromText("initWithHTMLOld(data as string) as boolean", path);
 }
 
 void saveTags(const Format&, const StyledDocument& document, const std::string& path, const PageDone&) {
@@ -154,7 +149,7 @@ void saveTyped(const Format& format, const StyledDocument& document, const std::
 }
 
 constexpr Format formats[] = {
-    {"txt", {".txt", ".text"}, nullptr, openText, saveText},
+    {"txt", {".txt", ".text"}, "NSPlainText", openText, saveTyped},
     {"rtf", {".rtf"}, "NSRTF", openRTF, saveTyped},
     {"rtfd", {".rtfd"}, "NSRTFD", openRTFD, saveTyped},
     {"html", {".html", ".htm", ".xhtml"}, "NSHTML", openHTML, saveTyped},
@@ -166,7 +161,9 @@ constexpr Format formats[] = {
     {"tags", {".tags"}, nullptr, openTags, saveTags},
     {"pdf", {".pdf"}, nullptr, nullptr, savePDF},
 };
-constexpr Format anyFormat = {"a document of a known format", {}, nullptr, nullptr, nullptr};
+
+// What the platform calls text without styles, which is opened and saved in the library's own way.
+constexpr std::string_view plainTextType = "NSPlainText";
 
 const Format* findFormat(const std::string& name) {
   const auto found =
@@ -198,12 +195,21 @@ std::string formatNamed(std::string_view path) {
   return "";
 }
 
+std::string formatOfType(std::string_view type) {
+  for (const Format& format : formats) {
+    if (format.type != nullptr && type == format.type) return format.name;
+  }
+  return type == plainTextType ? "txt" : "";
+}
+
 std::string extensionOf(const std::string& format) { return *findFormat(format)->extensions.begin(); }
 
 StyledDocument openDocument(const std::string& path, const std::string& format) {
   const std::string name = format.empty() && formatNamed(path) == "tags" ? "tags" : format;
   try {
-    return name.empty() ? openAny(path, anyFormat) : findFormat(name)->open(*findFormat(name), path);
+    return name.empty() ? openAny(path) : findFormat(name)->open(*findFormat(name), path);
+  } catch (const Unreadable&) {
+    throw DocumentError{whyUnreadable(path, name)};
   } catch (const host::HostException& exception) {
     throw DocumentError{exception.message()};
   }

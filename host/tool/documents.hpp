@@ -28,6 +28,8 @@ std::vector<std::string> readableFormats();
 std::vector<std::string> writableFormats();
 // The name of the format that files of this name have, "" when the name does not say.
 std::string formatNamed(std::string_view path);
+// The name of the format that the platform calls so, "" when there is none.
+std::string formatOfType(std::string_view type);
 // The ending of the names of such files.
 std::string extensionOf(const std::string& format);
 

@@ -1,6 +1,8 @@
 // Whole files, and their URLs.
 #include "host/tool/files.hpp"
 
+#include <unistd.h>
+
 #include <cctype>
 #include <cerrno>
 #include <cstring>
@@ -17,22 +19,32 @@ namespace fs = std::filesystem;
 
 std::string contentsOf(const std::string& path) {
   std::optional<std::string> contents = language::contentsOf(path);
-  if (!contents) throw DocumentError{std::strerror(errno)};
+  if (!contents) throw DocumentError{systemMessage(errno)};
   return *std::move(contents);
 }
 
-// Beside the file first, so that a failure half-way leaves what was there.
 void writeBytes(const std::string& path, std::string_view bytes) {
-  const std::string beside = path + ".new";
   errno = 0;
-  std::ofstream file(beside, std::ios::binary);
-  const bool written = file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) && file.flush();
-  std::error_code failure(written ? 0 : errno != 0 ? errno : EIO, std::generic_category());
-  if (written) fs::rename(beside, path, failure);
-  std::error_code ignored;
-  if (failure) fs::remove(beside, ignored);
-  if (failure) throw DocumentError{failure.message()};
+  std::ofstream file(path, std::ios::binary);
+  if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) || !file.flush())
+    throw DocumentError{systemMessage(errno != 0 ? errno : EIO)};
 }
+
+bool copyAll(int source, int destination) {
+  char buffer[1 << 16];
+  while (true) {
+    const ssize_t count = read(source, buffer, sizeof(buffer));
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return count == 0;
+    for (ssize_t done = 0; done < count;) {
+      const ssize_t written = write(destination, buffer + done, static_cast<size_t>(count - done));
+      if (written < 0 && errno != EINTR) return false;
+      if (written > 0) done += written;
+    }
+  }
+}
+
+std::string systemMessage(int error) { return std::strerror(error); }
 
 std::string fileURL(const std::string& path) {
   constexpr char digits[] = "0123456789ABCDEF";

@@ -5,9 +5,11 @@
 
 #include "host/tool/description.hpp"
 #include "host/tool/documents.hpp"
+#include "host/tool/input.hpp"
 #include "host/tool/members.hpp"
 #include "host/tool/messages.hpp"
 #include "host/tool/plugins.hpp"
+#include "host/tool/terminal.hpp"
 
 namespace tool {
 namespace {
@@ -52,7 +54,8 @@ void printJson(const StyledDocument& document) {
 
 void printFields(const Description& description) {
   if (const auto* fields = std::get_if<Fields>(&description.value)) {
-    for (const auto& [name, value] : *fields) std::cout << "  " << name << ": " << asText(value) << '\n';
+    for (const auto& [name, value] : *fields)
+      std::cout << "  " << styled(Stream::Output, Look::Detail, name + ":") << " " << asText(value) << '\n';
   }
 }
 
@@ -61,7 +64,8 @@ void printPlain(const StyledDocument& document) {
   std::cout << "Length " << get(document.text, "Length").asInteger() << '\n';
   printFields(describeValue(document.attributes));
   forEachRun(document.text, [](const Run& run) {
-    std::cout << run.location << "+" << run.length << " " << quotedJson(run.text) << '\n';
+    const std::string place = std::to_string(run.location) + "+" + std::to_string(run.length);
+    std::cout << styled(Stream::Output, Look::Heading, place) << " " << quotedJson(run.text) << '\n';
     printFields(run.attributes);
   });
 }
@@ -71,13 +75,14 @@ void printPlain(const StyledDocument& document) {
 int inspectDocument(const InspectOptions& options) {
   if (!loadPlugins()) return Failed;
   try {
-    const StyledDocument document = openDocument(options.path, options.from);
+    const Input input(options.path);
+    const StyledDocument document = openDocument(input.path(), options.from);
     options.json ? printJson(document) : printPlain(document);
-    return Succeeded;
+    return finishOutput();
   } catch (const DocumentError& error) {
-    report(options.path, error.message);
+    report(shownName(options.path), error.message);
   } catch (const host::HostException& exception) {
-    report(options.path, exception.message());
+    report(shownName(options.path), exception.message());
   }
   return Failed;
 }

@@ -1,14 +1,15 @@
 // The plug-ins that the command line works with.
 #pragma once
 
-#include <string>
-
 namespace tool {
 
-// The folder of the running executable, where the plug-ins lie.
-std::string executableFolder();
+// Whether they are there. Reports the one that is not.
+[[nodiscard]] bool findPlugins();
 
-// Loads the sibling classes and the library. False, with a message on standard error, when one cannot be loaded.
+// Loads the sibling classes and the library. Throws DocumentError when one cannot be loaded.
+void startPlugins();
+
+// Does both, and reports what goes wrong.
 [[nodiscard]] bool loadPlugins();
 
 }  // namespace tool

@@ -6,10 +6,14 @@
 #include <poppler-page.h>
 
 #include <memory>
+#include <optional>
 
+#include "host/tool/input.hpp"
 #include "host/tool/messages.hpp"
+#include "host/tool/output.hpp"
 #include "host/tool/pdf_pages.hpp"
 #include "host/tool/plugins.hpp"
+#include "host/tool/processes.hpp"
 #include "host/tool/progress.hpp"
 
 namespace tool {
@@ -31,24 +35,43 @@ poppler::image pictureOf(const std::string& pdf, const PreviewOptions& options) 
   return renderer.render_page(page.get(), options.resolution, options.resolution);
 }
 
+void writePicture(const PreviewOptions& options, const std::string& input, const std::string& output,
+                  const PageDone& pageDone) {
+  startPlugins();
+  const StyledDocument document = openDocument(input, options.from);
+  poppler::image picture = pictureOf(pdfOf(document, pageDone), options);
+  if (!picture.is_valid() || !picture.save(output, "png")) throw DocumentError{"its picture cannot be written"};
+}
+
+// As documents are converted: what is not complete is not seen. Answers the signal that ended it, or 0.
+int writePreview(const PreviewOptions& options, Progress& progress) {
+  const Input input(options.path);
+  Output output(options.output);
+  std::optional<std::string> failure;
+  const int signal = runInProcesses(
+      {.count = 1,
+       .prepare = {},
+       .run = [&](size_t, const PageDone& pageDone) { writePicture(options, input.path(), output.path(), pageDone); },
+       .pageDone = [&](int page) { progress.pageDone(page); },
+       .done = [&](size_t, const auto& error) { failure = error; }});
+  if (failure) throw DocumentError{*failure};
+  if (signal == 0) output.finish();
+  return signal;
+}
+
 }  // namespace
 
 int previewDocument(const PreviewOptions& options) {
-  if (!loadPlugins()) return Failed;
+  if (!findPlugins()) return Failed;
   Progress progress(1);
   try {
-    const StyledDocument document = openDocument(options.path, options.from);
-    const std::string pdf = pdfOf(document, [&](int page) { progress.pageDone(page); });
-    poppler::image picture = pictureOf(pdf, options);
-    if (!picture.is_valid() || !picture.save(options.output, "png")) {
-      throw DocumentError{"the picture cannot be written to " + options.output};
-    }
+    if (const int signal = writePreview(options, progress); signal != 0) endBySignal(signal);
+    return Succeeded;
   } catch (const DocumentError& error) {
     progress.clear();
-    report(options.path, error.message);
+    report(shownName(options.path), error.message);
     return Failed;
   }
-  return Succeeded;
 }
 
 }  // namespace tool

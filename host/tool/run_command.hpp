@@ -1,4 +1,4 @@
-// styledtext run PROGRAM [ARGS]
+// styledtext run [--check] PROGRAM [ARGS]
 #pragma once
 
 #include "host/language/interpreter.hpp"
@@ -7,6 +7,8 @@ namespace tool {
 
 struct RunOptions {
   language::Invocation invocation;
+  // Report what is wrong with the program instead of running it.
+  bool checkOnly = false;
   // Report what is still alive when the program has ended.
   bool checkReferences = false;
 };

@@ -1,53 +1,16 @@
 // The command line, from the outside: what it writes where, and its exit status.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
+#include "tests/host/command_support.hpp"
 
-#include <array>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <string>
-
+namespace command_test {
 namespace {
 
-namespace fs = std::filesystem;
-
-struct Outcome {
-  std::string output;  // both streams
-  int status;
-};
-
-// The command lies beside the tests.
-std::string command() { return (fs::read_symlink("/proc/self/exe").parent_path() / "styledtext").string(); }
-
-Outcome shell(const std::string& line) {
-  FILE* pipe = popen((line + " 2>&1").c_str(), "r");
-  std::string output;
-  std::array<char, 4096> buffer;
-  while (const size_t count = fread(buffer.data(), 1, buffer.size(), pipe)) output.append(buffer.data(), count);
-  return {output, WEXITSTATUS(pclose(pipe))};
-}
-
-class CommandLine : public testing::Test {
+class CommandLine : public CommandTest {
  protected:
-  void SetUp() override {
-    if (!fs::exists(command())) GTEST_SKIP() << "styledtext is not built";
-    std::string pattern = (fs::temp_directory_path() / "styledtextXXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-  }
-  void TearDown() override {
-    if (!folder_.empty()) fs::remove_all(folder_);
-  }
-
-  Outcome run(const std::string& arguments) {
-    return shell("cd '" + folder_.string() + "' && '" + command() + "' " + arguments);
-  }
-  Outcome runProgram(const std::string& source, const std::string& options = "", const std::string& arguments = "") {
-    std::ofstream(folder_ / "program.bas") << source;
+  Outcome run(const std::string& arguments) const { return styledtext(arguments); }
+  Outcome runProgram(const std::string& source, const std::string& options = "", const std::string& arguments = "") const {
+    write("program.bas", source);
     return run("run " + options + " program.bas " + arguments);
   }
-
-  fs::path folder_;
 };
 
 TEST_F(CommandLine, WrongUsageExitsWithTwo) {
@@ -57,6 +20,63 @@ TEST_F(CommandLine, WrongUsageExitsWithTwo) {
     EXPECT_TRUE(outcome.output.starts_with("styledtext: ")) << arguments << ": " << outcome.output;
   }
   EXPECT_EQ(run("--help").status, 0);
+}
+
+TEST_F(CommandLine, HelpHasExamplesOfEveryCommandAndTheExitStatuses) {
+  const std::string help = run("--help").output;
+  for (const char* status : {"  0  ", "  1  ", "  2  ", "  3  "}) EXPECT_NE(help.find(status), std::string::npos) << status;
+  for (const std::string name : {"run", "convert", "inspect", "preview", "classes", "completion"}) {
+    EXPECT_NE(help.find("\n  " + name + " "), std::string::npos) << name;
+    const Outcome own = run(name + " --help");
+    EXPECT_EQ(own.status, 0);
+    EXPECT_NE(own.output.find("Examples:\n"), std::string::npos) << own.output;
+    EXPECT_NE(own.output.find("styledtext " + name), std::string::npos) << own.output;
+  }
+  EXPECT_EQ(run("--version").output.find("styledtext "), 0U);
+  EXPECT_EQ(run("--version").status, 0);
+}
+
+TEST_F(CommandLine, BashCompletesCommandsOptionsAndFormats) {
+  write("complete.bash", R"bash(
+eval "$(styledtext completion)"
+complete_line() {
+  COMP_WORDS=("$@") COMP_CWORD=$(($# - 1))
+  _styledtext
+  echo "${COMPREPLY[*]}"
+}
+complete_line styledtext co
+complete_line styledtext --v
+complete_line styledtext convert a.rtf --t
+complete_line styledtext convert a.rtf --to d
+complete_line styledtext --log run --check
+complete_line styledtext inspect a
+)bash");
+  const Outcome outcome = inFolder("bash complete.bash");
+  EXPECT_EQ(outcome.output, "convert completion\n--version\n--to\ndoc docx\n--check --check-references\n\n");
+}
+
+// Colours, the bar and pages are for people at a terminal.
+TEST_F(CommandLine, ColoursAreForTerminals) {
+  if (shell("command -v script").status != 0) GTEST_SKIP() << "script is not installed";
+  const std::string line = "TERM=xterm script -qec \"'" + command() + "' run missing\" /dev/null";
+  EXPECT_NE(inFolder(line).output.find("\033["), std::string::npos);
+  EXPECT_EQ(inFolder("export NO_COLOR=1; " + line).output.find("\033["), std::string::npos);
+  EXPECT_EQ(inFolder("export TERM=xterm; styledtext run missing").output.find("\033["), std::string::npos);
+  for (const char* name : {"a", "b", "c", "d", "e"}) write(std::string(name) + ".txt", name);
+  const std::string bar = "script -qec \"'" + command() + "' convert *.txt --to rtf --into out\" /dev/null";
+  EXPECT_NE(inFolder(bar).output.find("] 5/5"), std::string::npos);
+  EXPECT_EQ(run("convert *.txt --to rtf --into out").output, "");
+}
+
+TEST_F(CommandLine, ProgramsAreCheckedWithoutBeingRun) {
+  const Outcome wrong = runProgram("Print 1\nPrint (\nDim t As New NSShadowZKT\nt.Blur", "--check");
+  EXPECT_EQ(wrong.output,
+            "program.bas:2:8: An expression belongs here, not the end of the line\n"
+            "program.bas:4:3: NSShadowZKT has no member \"Blur\"\n");
+  EXPECT_EQ(wrong.status, 1);
+  const Outcome right = runProgram("Print 1\nRaise New IOException", "--check");
+  EXPECT_EQ(right.output, "");
+  EXPECT_EQ(right.status, 0);
 }
 
 TEST_F(CommandLine, FailuresNameTheFileAndThePlace) {
@@ -146,3 +166,4 @@ TEST_F(CommandLine, MarkdownHasAHeadingForEachClassAndFencesThatClose) {
 }
 
 }  // namespace
+}  // namespace command_test

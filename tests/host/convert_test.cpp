@@ -1,46 +1,18 @@
 // Documents converted and inspected from the command line.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
+#include "tests/host/command_support.hpp"
 
-#include <array>
-#include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
+namespace command_test {
 namespace {
 
-namespace fs = std::filesystem;
-
-class Documents : public testing::Test {
+class Documents : public CommandTest {
  protected:
-  void SetUp() override {
-    command_ = fs::read_symlink("/proc/self/exe").parent_path() / "styledtext";
-    if (!fs::exists(command_)) GTEST_SKIP() << "styledtext is not built";
-    std::string pattern = (fs::temp_directory_path() / "documentsXXXXXX").string();
-    folder_ = mkdtemp(pattern.data());
-  }
-  void TearDown() override {
-    if (!folder_.empty()) fs::remove_all(folder_);
-  }
-
-  void write(const std::string& name, const std::string& content) { std::ofstream(folder_ / name) << content; }
-  std::string read(const std::string& name) {
-    std::ostringstream content;
-    content << std::ifstream(folder_ / name).rdbuf();
-    return content.str();
-  }
   // The exit status; what was printed, on both streams, is kept.
   int run(const std::string& arguments) {
-    const std::string line = "cd '" + folder_.string() + "' && '" + command_.string() + "' " + arguments + " 2>&1";
-    FILE* pipe = popen(line.c_str(), "r");
-    printed_.clear();
-    std::array<char, 4096> buffer;
-    while (const size_t count = fread(buffer.data(), 1, buffer.size(), pipe)) printed_.append(buffer.data(), count);
-    return WEXITSTATUS(pclose(pipe));
+    const Outcome outcome = styledtext(arguments);
+    printed_ = outcome.output;
+    return outcome.status;
   }
 
-  fs::path command_, folder_;
   std::string printed_;
 };
 
@@ -60,11 +32,14 @@ TEST_F(Documents, GoThroughEveryFormatAndKeepTextAndStyle) {
 }
 
 TEST_F(Documents, BecomePagesAndPictures) {
-  write("a.rtf", "{\\rtf1\\paperw6000\\paperh8000\\margl400\\margr400\\margt600{\\info{\\title On Paper}}one\\page two}");
+  write("a.rtf",
+        "{\\rtf1\\paperw6000\\paperh8000\\margl400\\margr400\\margt600{\\info{\\title On Paper}{\\keywords one, "
+        "two}}one\\page two}");
   EXPECT_EQ(run("convert a.rtf -o a.pdf"), 0);
   EXPECT_EQ(printed_, "");
   const std::string pdf = read("a.pdf");
   EXPECT_TRUE(pdf.starts_with("%PDF-1.")) << pdf.substr(0, 20);
+  EXPECT_NE(pdf.find("/Keywords(one, two)"), std::string::npos);
   EXPECT_EQ(run("preview a.rtf -o page.png --page 2 --resolution 72"), 0) << printed_;
   const std::string picture = read("page.png");
   ASSERT_TRUE(picture.size() > 24 && picture.starts_with("\x89PNG"));
@@ -138,7 +113,7 @@ TEST_F(Documents, OneBadDocumentIsReportedAndTheRestGoOn) {
     EXPECT_TRUE(fs::exists(folder_ / "out" / (std::string(name) + ".rtfd/TXT.rtf")));
   EXPECT_FALSE(fs::exists(folder_ / "out/b.rtfd"));
   EXPECT_EQ(run("convert c.txt -o missing/c.rtf"), 1);
-  EXPECT_EQ(printed_, "styledtext: c.txt: The folder of \"c.rtf\" does not exist.\n");
+  EXPECT_EQ(printed_, "styledtext: c.txt: the folder of missing/c.rtf does not exist\n");
 }
 
 TEST_F(Documents, WrongUsageSaysWhatIsWrong) {
@@ -177,3 +152,4 @@ TEST_F(Documents, RunsAreListedWithTheirAttributes) {
 }
 
 }  // namespace
+}  // namespace command_test

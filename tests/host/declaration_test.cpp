@@ -21,7 +21,8 @@ TEST_F(DeclarationTest, AreRead) {
       {"f(names() as string, BYREF r as NSRangeZKT)", "f(names as String(), byref r as NSRangeZKT)"},
       {"Value(key As Variant, Assigns _value As Variant)", "Value(key as Variant, assigns _value as Variant)"},
       {"f(a as int64 = -3, b as string = \"\", c as string = \"x\"\"y\", d as folderitem = Nil, e as Boolean = true)",
-       "f(a as Integer = -3, b as String = \"\", c as String = \"x\"y\", d as folderitem = nil, e as Boolean = true)"},
+       "f(a as Integer = -3, b as String = \"\", c as String = \"x\"\"y\", d as folderitem = nil, e as Boolean = true)"},
+      {"f(byref assigns a as Double = 1e-9)", "f(byref assigns a as Double = 1e-09)"},
       {"f(mask as UInteger = &hFF) as ptr", "f(mask as UInt64 = 255) as Ptr"},
       {"Year as Integer, Month as Integer = 1", "Constructor(Year as Integer, Month as Integer = 1)"},
       // A name that begins like a keyword.

@@ -110,6 +110,16 @@ TEST_F(Entry, AHostThatOffersNothingIsNoError) {
   EXPECT_EQ(FoundationFramework, nullptr);
 }
 
+// Everything else waits for its first use.
+TEST_F(Entry, LooksUpTheServicesThatItCallsAlone) {
+  offer("PluginRegisterClass", registerClass);
+  REALPluginMain(&resolve);
+  for (const char* name : {"REALGetRBVersion", "RegisterPluginVersion", "REALinRuntime", "PluginRegisterClass"}) {
+    EXPECT_EQ(lookups(name), 1) << name;
+  }
+  EXPECT_EQ(namesLookedUp(), 4U);
+}
+
 TEST_F(Entry, TheFrameworksFolderIsSoughtOnlyInABuiltApplication) {
   REALPluginMain(&resolve);
   offer("REALinRuntime", inRuntime);

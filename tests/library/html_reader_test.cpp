@@ -32,6 +32,17 @@ TEST_F(HtmlReader, TextAndWhiteSpace) {
   });
 }
 
+// Around the length of the blocks that are looked at in one go.
+TEST_F(HtmlReader, WhiteSpaceWhereverItStands) {
+  for (const std::u16string_view space : {u" ", u"  ", u"\n", u" \t ", u"\u2003", u"\u00A0 "}) {
+    for (std::size_t place = 1; place <= 40; ++place) {
+      const std::u16string head(place, u'x'), tail(41 - place, u'\u00E9');
+      const std::u16string source = head + std::u16string(space) + tail + std::u16string(space);
+      ASSERT_EQ(show(read(source)), "{12}" + utf8(head + u" " + tail + u" ")) << utf8(source);
+    }
+  }
+}
+
 TEST_F(HtmlReader, Styles) {
   expectReadings({
       {u"Hello <b>World</b> again", "{12}Hello {12b}World{12}again "},

@@ -21,6 +21,7 @@ class OfferedServices : public testing::Test {
     offered()[name] = reinterpret_cast<void*>(function);
   }
   static int lookups(const std::string& name) { return asked()[name]; }
+  static size_t namesLookedUp() { return asked().size(); }
   static void* resolve(const char* name) {
     ++asked()[name];
     const auto found = offered().find(name);

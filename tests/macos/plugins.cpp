@@ -4,7 +4,7 @@
 #include <filesystem>
 
 #include "host/runtime/runtime.hpp"
-#include "host/tool/messages.hpp"
+#include "host/tool/documents.hpp"
 #include "tests/macos/bindings.hpp"
 #include "tests/macos/loaded_image.hpp"
 
@@ -22,20 +22,18 @@ void startLibrary(host::Runtime& runtime) {
 
 }  // namespace
 
-std::string executableFolder() { return std::filesystem::read_symlink("/proc/self/exe").parent_path().string(); }
+bool findPlugins() { return true; }
 
-bool loadPlugins() {
+void startPlugins() {
   try {
     host::Runtime& runtime = host::Runtime::shared();
-    runtime.loadPlugin(executableFolder() + "/" + siblings);
+    runtime.loadPlugin((std::filesystem::read_symlink("/proc/self/exe").parent_path() / siblings).string());
     startLibrary(runtime);
-    return true;
   } catch (const host::PluginError& error) {
-    report(library, error.message);
+    throw DocumentError{library + (": " + error.message)};
   } catch (const macos::ImageError& error) {
-    report(library, error.what());
+    throw DocumentError{library + std::string(": ") + error.what()};
   }
-  return false;
 }
 
 }  // namespace tool
