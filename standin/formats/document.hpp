@@ -42,7 +42,8 @@ struct DocumentInformation {
   std::optional<text::Color> background;
   std::optional<uint64_t> characterEncoding;  // NSString's number, of plain text
   std::string textEncodingName;               // of HTML, as the registry of character sets has it
-  // Of HTML that is written: elements that it must do without (absent: the usual ones), and spaces for each level of nesting.
+  // Of HTML that is written: elements that it must do without (absent: the usual ones), and spaces for each level of
+  // nesting.
   std::optional<std::vector<std::string>> excludedElements;
   std::optional<int> prefixSpaces;
 };

@@ -175,7 +175,7 @@ struct Format {
   std::set<std::string> lost;  // features that do not come back for every unit
 };
 const Format formatTable[] = {
-    {&NSRTFTextDocumentType, {}},          {&NSHTMLTextDocumentType, {"tabs"}},          {&NSWebArchiveTextDocumentType, {"tabs"}},
+    {&NSRTFTextDocumentType, {}},          {&NSHTMLTextDocumentType, {"tabs"}},    {&NSWebArchiveTextDocumentType, {"tabs"}},
     {&NSDocFormatTextDocumentType, {}},    {&NSOfficeOpenXMLTextDocumentType, {}}, {&NSWordMLTextDocumentType, {}},
     {&NSOpenDocumentTextDocumentType, {}},
 };

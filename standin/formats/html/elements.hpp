@@ -166,10 +166,11 @@ constexpr int headingLevel(Tag tag) {
 }
 
 // In the order of their names.
-#define STANDIN_HTML_ATTRIBUTES(X)                                                                                    \
-  X(align)                                                                                                            \
-  X(bgcolor) X(class_) X(color) X(content) X(dir) X(face) X(height) X(href) X(id) X(media) X(name) X(rel) X(reversed) \
-      X(size) X(src) X(start) X(style) X(text) X(type) X(value) X(width)
+// clang-format off
+#define STANDIN_HTML_ATTRIBUTES(X) \
+  X(align) X(bgcolor) X(class_) X(color) X(content) X(dir) X(face) X(height) X(href) X(id) X(media) X(name) X(rel) \
+  X(reversed) X(size) X(src) X(start) X(style) X(text) X(type) X(value) X(width)
+// clang-format on
 
 enum class AttributeName : uint8_t {
   unknown,
