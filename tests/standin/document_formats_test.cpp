@@ -132,6 +132,10 @@ TEST(DocumentFormats, PlainTextIsReadInTheEncodingThatItIsIn) {
       {"\xFF\xFE\0\0A\0\0\0"s, 0, "A", 0x8C000100},
       {"\xFF\xFE\0\0A\0\0\0"s, 10, "\0A\0"s, 10},
       {"\xFF\xFEodd"s, 0, "ˇ˛odd", 30},
+      {"T\0h\0e\0 \0w\0i\0d\0t\0h\0 \0t\0e\0l\0l\0s\0.\0"s, 0, "The width tells.", 0x94000100},
+      {"\xD1\xFA\xE5\xF8\xFC \xE6\xE5 \xE5\xF9\xB8 \xFD\xF2\xE8\xF5 \xEC\xFF\xE3\xEA\xE8\xF5 "
+       "\xF4\xF0\xE0\xED\xF6\xF3\xE7\xF1\xEA\xE8\xF5 \xE1\xF3\xEB\xEE\xEA",
+       0, "Съешь же ещё этих мягких французских булок", 11},
   };
   for (const auto& row : rows) {
     NSDictionary* options = row.asked != 0 ? with({{NSCharacterEncodingDocumentOption, number(row.asked)}}) : nullptr;

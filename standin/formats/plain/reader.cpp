@@ -1,7 +1,11 @@
 // The byte-order marks, and the encodings tried in turn.
 #include "standin/formats/plain/reader.hpp"
 
+#include <algorithm>
 #include <string_view>
+#include <utility>
+
+#include "standin/formats/plain/detection.hpp"
 
 namespace standin::formats::plain {
 namespace {
@@ -37,13 +41,22 @@ std::optional<PlainText> decodedByMark(std::span<const uint8_t> bytes, std::opti
   return std::nullopt;
 }
 
+// What text in UTF-8 hardly has, and text of wide characters or of changing character sets does.
+bool hasZerosOrEscapes(std::span<const uint8_t> bytes) {
+  return std::any_of(bytes.begin(), bytes.end(), [](uint8_t byte) { return byte == 0 || byte == 0x1B; });
+}
+
 }  // namespace
 
 std::optional<PlainText> read(std::span<const uint8_t> bytes, std::optional<CFStringEncoding> asked) {
   if (auto marked = decodedByMark(bytes, asked)) return marked;
   if (asked) return decoded(bytes, *asked);
-  if (auto utf8 = decoded(bytes, kCFStringEncodingUTF8)) return utf8;
-  return decoded(bytes, kCFStringEncodingMacRoman);
+  auto utf8 = decoded(bytes, kCFStringEncodingUTF8);
+  if (utf8 && !hasZerosOrEscapes(bytes)) return utf8;
+  if (const auto likely = likelyEncoding(bytes)) {
+    if (auto found = decoded(bytes, *likely)) return found;
+  }
+  return utf8 ? std::move(utf8) : decoded(bytes, kCFStringEncodingMacRoman);
 }
 
 }  // namespace standin::formats::plain
