@@ -89,7 +89,12 @@ int CommandLine::run(int count, char** arguments) {
     return app_.exit(error) == 0 ? Succeeded : WrongUsage;
   }
   if (!log_) silencePlatformLog();
-  return chosen_();
+  try {
+    return chosen_();
+  } catch (const std::exception& error) {
+    std::cerr << messageText(error.what());
+    return Failed;
+  }
 }
 
 CLI::App* CommandLine::add(const char* name, const char* description, Command command) {
@@ -140,7 +145,7 @@ void CommandLine::addPreview() {
   CLI::App* preview = add("preview", "Make a picture of a page of a document", [this] { return previewDocument(preview_); });
   preview->add_option("document", preview_.path, "The document")->required()->type_name("FILE");
   preview->add_option("-o,--output", preview_.output, "The PNG file to write")->required()->type_name("FILE");
-  preview->add_option("--page", preview_.page, "The page's number, from 1")->type_name("N")->check(CLI::PositiveNumber);
+  preview->add_option("--page", preview_.page, "The page's number, from 1")->type_name("N")->check(CLI::Range(1, 1'000'000));
   preview->add_option("--resolution", preview_.resolution, "Pixels an inch")->type_name("N")->check(CLI::Range(10, 600));
   addFormatOption(preview, preview_.from);
   preview->footer(previewExamples);

@@ -51,7 +51,7 @@ std::string typeOf(const StyledDocument& document) {
 
 // The library finds the format by content and by name.
 StyledDocument openAny(const std::string& path) {
-  if (!fs::is_directory(path)) static_cast<void>(contentsOf(path));
+  if (!isFolder(path)) static_cast<void>(contentsOf(path));
   return openedWith("initWithPath(path as string, byref documentAttributes as dictionary) as boolean", Value::string(path));
 }
 
@@ -71,7 +71,7 @@ StyledDocument openRTF(const Format&, const std::string& path) {
 }
 
 StyledDocument openRTFD(const Format&, const std::string& path) {
-  if (fs::is_directory(path)) return openAny(path);
+  if (isFolder(path)) return openAny(path);
   return openedFromBytes("initWithRTFD(data as memoryblock, byref documentAttributes as dictionary) as boolean", path);
 }
 

@@ -30,6 +30,11 @@ void writeBytes(const std::string& path, std::string_view bytes) {
     throw DocumentError{systemMessage(errno != 0 ? errno : EIO)};
 }
 
+bool isFolder(const std::string& path) {
+  std::error_code failure;
+  return fs::is_directory(path, failure);
+}
+
 bool copyAll(int source, int destination) {
   char buffer[1 << 16];
   while (true) {

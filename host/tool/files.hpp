@@ -10,6 +10,9 @@ namespace tool {
 std::string contentsOf(const std::string& path);
 void writeBytes(const std::string& path, std::string_view bytes);
 
+// False too where that cannot be found out.
+bool isFolder(const std::string& path);
+
 // Everything that the source still holds. False, with `errno` set, when some of it could not be read or written.
 [[nodiscard]] bool copyAll(int source, int destination);
 

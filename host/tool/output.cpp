@@ -18,7 +18,8 @@ namespace {
 namespace fs = std::filesystem;
 
 bool isStream(const std::string& target) {
-  const fs::file_status status = fs::status(target);
+  std::error_code failure;
+  const fs::file_status status = fs::status(target, failure);
   return target == "-" || (fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status));
 }
 
@@ -39,7 +40,10 @@ std::string newFolderIn(const fs::path& parent, const std::string& target) {
 }
 
 // Of the folders that may be replaced: documents, and those with nothing to lose.
-bool isReplaceable(const fs::path& folder) { return fs::exists(folder / "TXT.rtf") || fs::is_empty(folder); }
+bool isReplaceable(const fs::path& folder) {
+  std::error_code failure;
+  return fs::exists(folder / "TXT.rtf", failure) || fs::is_empty(folder, failure);
+}
 
 }  // namespace
 
@@ -58,7 +62,7 @@ Output::~Output() {
 void Output::finish() { isStream_ ? sendBytes() : takePlace(); }
 
 void Output::sendBytes() const {
-  if (fs::is_directory(path_)) throw DocumentError{"a document that is a folder cannot be written to a stream"};
+  if (isFolder(path_)) throw DocumentError{"a document that is a folder cannot be written to a stream"};
   const int source = open(path_.c_str(), O_RDONLY | O_CLOEXEC);
   const int destination = target_ == "-" ? dup(STDOUT_FILENO) : open(target_.c_str(), O_WRONLY | O_CLOEXEC);
   const bool sent = source >= 0 && destination >= 0 && copyAll(source, destination);
@@ -72,7 +76,7 @@ void Output::sendBytes() const {
 void Output::takePlace() const {
   std::error_code failure;
   const fs::path old = fs::path(aside_) / ".old";
-  const bool replacesFolder = fs::is_directory(path_) && fs::is_directory(target_);
+  const bool replacesFolder = isFolder(path_) && isFolder(target_);
   if (replacesFolder && !isReplaceable(target_)) throw DocumentError{target_ + " is a folder with other things in it"};
   if (replacesFolder) fs::rename(target_, old, failure);
   struct stat status {};

@@ -60,10 +60,12 @@ std::string whyUnreadable(const std::string& path, const std::string& format) {
   const Answer answer = read(path);
   const std::string found = formatOfType(answer.type);
   if (!found.empty()) return "it is no " + format + " document, but can be read as " + found;
+  if (answer.error.empty()) return "it cannot be read as a document of any known format";
   std::string message = withFormatNames(answer.error);
-  if (message.empty()) return "it cannot be read as a document of any known format";
+  const bool namesFormat = message != answer.error;
   if (message.ends_with('.')) message.pop_back();
-  return message + "; it may be damaged, or of another format than it seems, which --from can name";
+  if (namesFormat) message += "; it may be damaged, or of another format than it seems, which --from can name";
+  return message;
 }
 
 }  // namespace tool

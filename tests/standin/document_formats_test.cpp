@@ -133,9 +133,10 @@ TEST(DocumentFormats, PlainTextIsReadInTheEncodingThatItIsIn) {
       {"\xFF\xFE\0\0A\0\0\0"s, 10, "\0A\0"s, 10},
       {"\xFF\xFEodd"s, 0, "ˇ˛odd", 30},
       {"T\0h\0e\0 \0w\0i\0d\0t\0h\0 \0t\0e\0l\0l\0s\0.\0"s, 0, "The width tells.", 0x94000100},
-      {"\xD1\xFA\xE5\xF8\xFC \xE6\xE5 \xE5\xF9\xB8 \xFD\xF2\xE8\xF5 \xEC\xFF\xE3\xEA\xE8\xF5 "
-       "\xF4\xF0\xE0\xED\xF6\xF3\xE7\xF1\xEA\xE8\xF5 \xE1\xF3\xEB\xEE\xEA",
-       0, "Съешь же ещё этих мягких французских булок", 11},
+      {"\xDD\xF2\xEE \xEE\xE1\xFB\xF7\xED\xFB\xE9 \xF0\xF3\xF1\xF1\xEA\xE8\xE9 \xF2\xE5\xEA\xF1\xF2, \xE8 \xEE\xED \xED\xE5 "
+       "\xE3\xEE\xE2\xEE\xF0\xE8\xF2, \xE2 \xEA\xE0\xEA\xEE\xE9 \xEA\xEE\xE4\xE8\xF0\xEE\xE2\xEA\xE5 \xEE\xED \xE1\xFB\xEB "
+       "\xE7\xE0\xEF\xE8\xF1\xE0\xED \xED\xE0 \xE4\xE8\xF1\xEA.",
+       0, "Это обычный русский текст, и он не говорит, в какой кодировке он был записан на диск.", 11},
   };
   for (const auto& row : rows) {
     NSDictionary* options = row.asked != 0 ? with({{NSCharacterEncodingDocumentOption, number(row.asked)}}) : nullptr;
