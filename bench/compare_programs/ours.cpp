@@ -3,9 +3,12 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <sstream>
+#include <stdexcept>
 
 #include "bench/compare_programs/measure.hpp"
 #include "bridge/strings.hpp"
+#include "host/language/interpreter.hpp"
 #include "host/runtime/runtime.hpp"
 #include "host/runtime/string.hpp"
 #include "html/messages.hpp"
@@ -48,7 +51,11 @@ class Runs {
     }
     return made;
   }
-  std::vector<uint32_t> places() const { return compare::places(static_cast<uint32_t>(count_) * 10 - 200, 100'000); }
+  // No more than half of the units.
+  std::vector<uint32_t> places() const {
+    return compare::places(static_cast<uint32_t>(count_) * 10 - 200,
+                           std::min<size_t>(100'000, static_cast<size_t>(count_) * 5));
+  }
 
  private:
   static Owned<NSDictionary> style(int level) {
@@ -172,6 +179,30 @@ void toHost(const char* file) {
   report(1, rounds, [&] { const HostText made = plugin::adoptHost(bridge::CFString2RBString(converted)); });
 }
 
+// Loading, and a property of one of the library's classes asked for in a loop of a host program.
+
+// With the classes of the siblings, which the library's need, from beside it.
+void loadWithSiblings(const std::string& library) {
+  host::Runtime::shared().loadPlugin(library.substr(0, library.rfind('/')) + "/SiblingsZKT.so");
+  host::Runtime::shared().loadPlugin(library);
+}
+
+void load(const char* library) {
+  report(1, 1, [&] { host::Runtime::shared().loadPlugin(library); });
+}
+
+void length(const char* library) {
+  loadWithSiblings(library);
+  const std::string program =
+      "Dim text As NSAttributedStringZKT = NSAttributedStringZKT.attributedStringWithString(\"text\")\n"
+      "Dim sum As Integer\nFor turn As Integer = 1 To 200000\nsum = text.Length\nNext\n";
+  std::ostringstream output;
+  report(200'000, rounds, [&] {
+    const auto failure = language::run(host::Runtime::shared(), program, {"length.bas", {}}, output);
+    if (failure) throw std::runtime_error(failure->message);
+  });
+}
+
 // Documents.
 
 NSString* const* documentType(const std::string& format) {
@@ -227,6 +258,8 @@ const std::map<std::string, void (*)(const char*)>& paths() {
                                                                      {"write-dialect", writeDialect},
                                                                      {"escape", escape},
                                                                      {"to-platform", toPlatform},
+                                                                     {"load", load},
+                                                                     {"length", length},
                                                                      {"to-host", toHost},
                                                                      {"read", read}};
   return table;
