@@ -31,10 +31,10 @@ struct Remembered {
   AttributeObject key = nullptr, value = nullptr;
 };
 
-}  // namespace
-
 // Room for what is remembered: in step with the sets, a power of two.
 constexpr size_t fewestRemembered = 1024, mostRemembered = 65536, rememberedPerSet = 64;
+
+}  // namespace
 
 struct AttributeTable {
   std::vector<uint32_t> references{immortalCount};
@@ -147,7 +147,7 @@ const Attribute* findIn(std::span<const Attribute> attributes, AttributeObject k
 // In place of the attribute of an equal key, or where the order of keys asks for it.
 void put(std::vector<Attribute>& attributes, Attribute added) {
   auto place = attributes.begin();
-  while (place != attributes.end() && !sameKey(place->key, added.key) && functions.keyBefore(place->key, added.key)) ++place;
+  while (place != attributes.end() && place->key != added.key && functions.keyBefore(place->key, added.key)) ++place;
   if (place != attributes.end() && sameKey(place->key, added.key)) {
     place->value = added.value;
   } else {

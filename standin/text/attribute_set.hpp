@@ -51,6 +51,8 @@ class AttributeSet {
   explicit AttributeSet(AttributeHandle handle) : handle_(handle) { retain(handle); }
 
   AttributeHandle handle() const { return handle_; }
+  // Where the handle is, while this value stays.
+  const AttributeHandle* place() const { return &handle_; }
   bool operator==(const AttributeSet&) const = default;
   bool empty() const { return handle_ == 0; }
   // In the order of the keys; valid while the set lives.

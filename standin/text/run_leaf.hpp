@@ -65,7 +65,7 @@ class RunLeaf : public TreeNode {
   static RunLeaf* grown(RunLeaf* leaf, uint32_t room) {
     RunLeaf* larger = make(room);
     std::copy_n(leaf->lengths(), leaf->count_, larger->writableLengths());
-    std::copy_n(leaf->handles(), leaf->count_, larger->writableLengths() + room);
+    std::copy_n(leaf->handles(), leaf->count_, larger->writableHandles());
     larger->count_ = leaf->count_;
     std::free(leaf);
     return larger;
@@ -96,8 +96,12 @@ class RunLeaf : public TreeNode {
   }
 
   void append(const RunSpan& runs) {
-    RunSum ignored{0};
-    replace({count_, 0}, runs, ignored);
+    for (uint32_t index = 0; index < runs.count; ++index) {
+      AttributeSet::retain(runs.handles[index]);
+      writableLengths()[count_ + index] = runs.lengths[index];
+      writableHandles()[count_ + index] = runs.handles[index];
+    }
+    count_ += runs.count;
   }
 
   // Makes the run longer or, modulo 2^32, shorter.
@@ -111,7 +115,7 @@ class RunLeaf : public TreeNode {
     sum += sumOf(runs);
     for (uint32_t index = 0; index < runs.count; ++index) AttributeSet::retain(runs.handles[index]);
     put(writableLengths(), extent, runs.lengths, runs.count);
-    put(writableLengths() + room_, extent, runs.handles, runs.count);
+    put(writableHandles(), extent, runs.handles, runs.count);
     count_ = count_ - extent.count + runs.count;
     for (uint32_t index = 0; index < extent.count; ++index) AttributeSet::release(dropped[index]);
   }
@@ -144,6 +148,7 @@ class RunLeaf : public TreeNode {
     return found.index - first;
   }
   uint32_t* writableLengths() { return reinterpret_cast<uint32_t*>(this + 1); }
+  AttributeHandle* writableHandles() { return writableLengths() + room_; }
 
   void put(uint32_t* array, Extent extent, const uint32_t* values, uint32_t count) const {
     const uint32_t end = extent.first + extent.count;

@@ -32,7 +32,7 @@ void StyledText::splice(uint32_t from, uint32_t removed, const Text& inserted) {
 }
 
 void StyledText::setAttributes(uint32_t from, uint32_t count, const AttributeSet& attributes) {
-  if (count > 0) runs_.splice(from, count, count, attributes);
+  restyle(from, count, [&](const AttributeSet&) { return attributes; });
 }
 
 void StyledText::addAttribute(uint32_t from, uint32_t count, AttributeObject key, AttributeObject value) {

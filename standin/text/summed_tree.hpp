@@ -44,6 +44,7 @@ class SummedTree {
     Sum before;
     const Branch* parent;  // nil above a root
     uint32_t child;
+    bool isOwn;  // known that nobody shares the leaf or a branch above it
   };
 
   SummedTree() = default;
@@ -59,11 +60,17 @@ class SummedTree {
   // The same along another member of the sum: the leaf that holds its element number `index`.
   Place findBy(uint32_t Sum::*measure, uint32_t index) const;
 
+  // The tree must not be empty.
+  const Leaf& lastLeaf() const;
   // The leaf behind; there must be one.
   Place next(const Place& place) const;
 
   // Changes one entry, a number in the leaf that holds the position: it grows, or modulo 2^32 shrinks, by the change.
   void adjust(uint32_t position, uint32_t entry, const Sum& change);
+  // The leaf of a place of this tree that is its own, for edits that leave its sum as it is.
+  Leaf& ownLeaf(const Place& place) { return const_cast<Leaf&>(*place.leaf); }
+  // Adds entries at the end of the last leaf. False, with nothing done, when that is full or below a shared branch.
+  bool extend(const Content& content);
   void replace(uint32_t from, uint32_t removed, const Content& inserted);
   void splice(uint32_t from, uint32_t removed, const SummedTree& inserted);
   SummedTree slice(uint32_t from, uint32_t count) const;
@@ -95,6 +102,8 @@ class SummedTree {
     void takeFrom(Branch& other, uint32_t first);
   };
 
+  // Every branch but the root has two children or more: 32-bit positions need no higher tree.
+  static constexpr uint32_t greatestHeight = 34;
   static constexpr uint32_t capacityOf(uint16_t height) { return height == 0 ? Leaf::capacity : fanOut; }
   static Leaf& leafOf(TreeNode* node) { return *static_cast<Leaf*>(node); }
   static Branch& branchOf(TreeNode* node) { return *static_cast<Branch*>(node); }

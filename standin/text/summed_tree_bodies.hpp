@@ -19,6 +19,7 @@ auto TREE::findBy(uint32_t Sum::*measure, uint32_t index) const -> Place {
   const TreeNode* node = root_.get();
   const Branch* parent = nullptr;
   uint32_t child = 0;
+  bool isOwn = root_.isUnique();
   while (node->height > 0) {
     parent = static_cast<const Branch*>(node);
     // As in `descend`.
@@ -33,8 +34,9 @@ auto TREE::findBy(uint32_t Sum::*measure, uint32_t index) const -> Place {
     }
     sum = parent->sums[child];
     node = parent->children[child].get();
+    isOwn = isOwn && node->references == 1;
   }
-  return {static_cast<const Leaf*>(node), before, parent, child};
+  return {static_cast<const Leaf*>(node), before, parent, child, isOwn};
 }
 
 // The last child is tried first: text is mostly made, and asked about, at its end.
@@ -51,12 +53,22 @@ uint32_t TREE::descend(const Branch& branch, uint32_t units, uint32_t& position)
 }
 
 TREE_TEMPLATE
+const Leaf& TREE::lastLeaf() const {
+  const TreeNode* node = root_.get();
+  while (node->height > 0) {
+    const Branch& branch = *static_cast<const Branch*>(node);
+    node = branch.children[branch.count - 1].get();
+  }
+  return *static_cast<const Leaf*>(node);
+}
+
+TREE_TEMPLATE
 auto TREE::next(const Place& place) const -> Place {
   Sum before = place.before;
   before += place.parent->sums[place.child];
   const uint32_t child = place.child + 1;
   if (child == place.parent->count) return find(before.units);
-  return {static_cast<const Leaf*>(place.parent->children[child].get()), before, place.parent, child};
+  return {static_cast<const Leaf*>(place.parent->children[child].get()), before, place.parent, child, false};
 }
 
 // Nodes.
@@ -194,9 +206,28 @@ void TREE::replace(uint32_t from, uint32_t removed, const Content& inserted) {
 }
 
 TREE_TEMPLATE
+bool TREE::extend(const Content& content) {
+  std::array<Sum*, greatestHeight> sums;
+  uint32_t levels = 0;
+  sums[levels++] = &total_;
+  Reference* node = &root_;
+  while ((*node)->height > 0 && node->isUnique() && levels < sums.size()) {
+    Branch& branch = branchOf(node->get());
+    sums[levels++] = &branch.sums[branch.count - 1];
+    node = &branch.children[branch.count - 1];
+  }
+  const uint32_t count = (*node)->height > 0 ? 0 : leafOf(node->get()).count() + Leaf::countOf(content);
+  if (count == 0 || count > Leaf::capacity) return false;
+  Leaf& leaf = writableLeaf(*node, count);
+  const Sum added = Leaf::sumOf(content);
+  leaf.append(content);
+  while (levels-- > 0) *sums[levels] += added;
+  return true;
+}
+
+TREE_TEMPLATE
 bool TREE::editInPlace(uint32_t from, uint32_t removed, const Content& inserted) {
-  // Every branch but the root has two children or more: 32-bit positions need no higher tree.
-  std::array<Sum*, 34> sums;
+  std::array<Sum*, greatestHeight> sums;
   uint32_t levels = 0;
   sums[levels++] = &total_;
   Reference* node = &root_;
