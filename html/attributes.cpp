@@ -66,11 +66,12 @@ const Owned<NSDictionary>& AttributeMemo::withoutLink() {
 }
 
 // Links are told apart as objects, so what is remembered of one serves no other.
-Owned<NSDictionary> AttributeMemo::current() {
+const Owned<NSDictionary>& AttributeMemo::current() {
   const Owned<NSDictionary>& known = withoutLink();
   if (linkString == nullptr) return known;
-  return attributesOf(NSDictionary::objectForKey(known, NSFontAttributeName),
-                      NSDictionary::objectForKey(known, NSUnderlineStyleAttributeName), linkString);
+  linked_ = attributesOf(NSDictionary::objectForKey(known, NSFontAttributeName),
+                         NSDictionary::objectForKey(known, NSUnderlineStyleAttributeName), linkString);
+  return linked_;
 }
 
 }  // namespace html

@@ -32,6 +32,14 @@ void appendText(std::u16string_view source, StyledText& text) {
   }
 }
 
+// The text up to the next tag.
+void appendRun(Scanner& scanner, StyledText& text) {
+  const std::u16string_view plain = scanner.upTo(u'<', u'&');
+  if (!scanner.isAt(u'&')) return text.append(plain);
+  const std::u16string_view rest = scanner.upTo(u'<');
+  appendText({plain.data(), plain.size() + rest.size()}, text);
+}
+
 }  // namespace
 
 Owned<NSMutableAttributedString> read(NSString* source) {
@@ -42,12 +50,9 @@ Owned<NSMutableAttributedString> read(NSString* source) {
   AttributeMemo attributes;
   Scanner scanner(normal);
   while (!scanner.atEnd()) {
-    const std::u16string_view run = scanner.upTo(u'<');
-    if (!run.empty()) {
-      const std::size_t start = text.length();
-      appendText(run, text);
-      text.style(start, attributes.current());
-    }
+    const std::size_t start = text.length();
+    appendRun(scanner, text);
+    if (text.length() > start) text.style(start, attributes.current());
     if (scanner.atEnd()) break;
     scanner.run(u'<');
     const std::u16string_view tag = scanner.upTo(u'>');

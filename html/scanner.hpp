@@ -19,11 +19,13 @@ class Scanner {
     return rest_.empty();
   }
 
-  // Everything before the unit, or to the end.
-  std::u16string_view upTo(char16_t unit) {
+  // Everything before the first of the units, or to the end.
+  template <class... Unit>
+  std::u16string_view upTo(Unit... units) {
     skip();
-    return take(findUnit(rest_, unit));
+    return take(findUnit(rest_, units...));
   }
+  bool isAt(char16_t unit) const { return rest_.starts_with(unit); }
 
   // The consecutive units of that kind.
   std::u16string_view run(char16_t unit) {

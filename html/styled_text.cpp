@@ -5,7 +5,7 @@
 
 namespace html {
 
-void StyledText::style(std::size_t from, Owned<NSDictionary> attributes) {
+void StyledText::style(std::size_t from, const Owned<NSDictionary>& attributes) {
   if (!runs_.empty()) {
     Run& last = runs_.back();
     if (last.range.location + last.range.length == from && last.attributes.get() == attributes.get()) {
@@ -13,7 +13,7 @@ void StyledText::style(std::size_t from, Owned<NSDictionary> attributes) {
       return;
     }
   }
-  runs_.push_back({{from, length() - from}, std::move(attributes)});
+  runs_.push_back({{from, length() - from}, attributes});
 }
 
 Owned<NSMutableAttributedString> StyledText::build() const {

@@ -23,7 +23,7 @@ class StyledText {
   std::size_t length() const { return length_; }
 
   // Gives the attributes to everything from the position on. What is never styled has no attributes.
-  void style(std::size_t from, Owned<NSDictionary> attributes);
+  void style(std::size_t from, const Owned<NSDictionary>& attributes);
 
   Owned<NSMutableAttributedString> build() const;
 

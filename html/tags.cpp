@@ -1,6 +1,7 @@
 // What each tag does.
 #include "html/tags.hpp"
 
+#include <array>
 #include <cstdio>
 #include <string>
 
@@ -90,14 +91,22 @@ constexpr TagRow rows[] = {
     {Match::beginning, u"font size =", changeSize},
 };
 
+// Whether any row begins with the unit: most tags of ordinary pages fit none.
+constexpr auto beginsRow = [] {
+  std::array<bool, 0x80> begins{};
+  for (const TagRow& row : rows) begins[row.text.front()] = true;
+  return begins;
+}();
+
 bool fits(const TagRow& row, Tag tag) {
-  if (tag.empty() || tag.front() != row.text.front()) return false;
+  if (tag.front() != row.text.front()) return false;
   return row.match == Match::whole ? tag == row.text : tag.starts_with(row.text);
 }
 
 }  // namespace
 
 void actOnTag(Tag tag, StyledText& text) {
+  if (tag.empty() || tag.front() >= beginsRow.size() || !beginsRow[tag.front()]) return;
   for (const TagRow& row : rows) {
     if (fits(row, tag)) return row.act(tag, text);
   }

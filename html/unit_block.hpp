@@ -47,14 +47,16 @@ class UnitBlock {
   Units units_;
 };
 
-// Where the unit is first, or the size of the text.
-inline std::size_t findUnit(std::u16string_view text, char16_t unit) {
+// Where one of the units is first, or the size of the text.
+template <class... Unit>
+std::size_t findUnit(std::u16string_view text, Unit... units) {
   std::size_t at = 0;
   for (; text.size() - at >= UnitBlock::size; at += UnitBlock::size) {
-    const uint64_t found = UnitBlock::marks(UnitBlock(text.data() + at).equal(unit));
+    const UnitBlock block(text.data() + at);
+    const uint64_t found = UnitBlock::marks((block.equal(units) | ...));
     if (found != 0) return at + UnitBlock::first(found);
   }
-  while (at < text.size() && text[at] != unit) ++at;
+  while (at < text.size() && ((text[at] != units) && ...)) ++at;
   return at;
 }
 

@@ -26,15 +26,19 @@ const WhitespaceTable& whitespace() {
   return members;
 }
 
-// Copies eight units that stay as they are: no white space but spaces that follow other units, one at a time.
-bool copyBlock(const char16_t* from, char16_t* to, bool& afterSpace) {
-  const UnitBlock block(from);
-  if (UnitBlock::marks(block.outside(u' ', u'~')) != 0) return false;
-  const uint64_t spaces = UnitBlock::marks(block.equal(u' '));
-  const uint64_t afterSpaces = spaces << 8 | (afterSpace ? 0xFFU : 0U);
-  if ((spaces & afterSpaces) != 0) return false;
-  block.store(to);
-  afterSpace = spaces >> 56 != 0;
+constexpr std::size_t stepSize = 2 * UnitBlock::size;
+
+// Copies a step of units that stay as they are: no white space but spaces that follow other units, one at a time. The unit
+// before the source can be read; the target is not ahead of the source.
+bool copyStep(const char16_t* from, char16_t* to, bool afterSpace) {
+  if (afterSpace && *from == u' ') return false;
+  const UnitBlock first(from), second(from + UnitBlock::size);
+  const UnitBlock beforeFirst(from - 1), beforeSecond(from + UnitBlock::size - 1);
+  const auto others = first.outside(u' ', u'~') | second.outside(u' ', u'~');
+  const auto doubled = (first.equal(u' ') & beforeFirst.equal(u' ')) | (second.equal(u' ') & beforeSecond.equal(u' '));
+  if (UnitBlock::marks(others | doubled) != 0) return false;
+  first.store(to);
+  second.store(to + UnitBlock::size);
   return true;
 }
 
@@ -47,13 +51,13 @@ std::u16string_view normalize(Units& units) {
   char16_t* out = first;
   bool afterSpace = true;
   for (const char16_t* in = first; in != end;) {
-    const std::size_t step = std::min(UnitBlock::size, static_cast<std::size_t>(end - in));
-    if (step == UnitBlock::size && copyBlock(in, out, afterSpace)) {
-      in += step;
-      out += step;
+    if (in != first && static_cast<std::size_t>(end - in) >= stepSize && copyStep(in, out, afterSpace)) {
+      in += stepSize;
+      out += stepSize;
+      afterSpace = in[-1] == u' ';
       continue;
     }
-    for (const char16_t* const stop = in + step; in != stop; ++in) {
+    for (const char16_t* const stop = in + std::min(UnitBlock::size, static_cast<std::size_t>(end - in)); in != stop; ++in) {
       const bool isSpace = members[*in];
       if (!isSpace || !afterSpace) *out++ = isSpace ? u' ' : *in;
       afterSpace = isSpace;
