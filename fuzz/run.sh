@@ -26,9 +26,11 @@ run_one() {
   shift
   mkdir -p "$found" "$crashes"
   words_of "$name" >"$found.words"
+  local options=()
+  [ -s "$found.words" ] && options=(-dict="$found.words")
   say "$name"
   build/fuzz/"${name}_fuzzer" -max_total_time="$seconds" -timeout=5 -rss_limit_mb=4096 -max_len=262144 \
-    -dict="$found.words" -artifact_prefix="$crashes/" -print_final_stats=1 "$found" "fuzz/corpus/$name" "$@"
+    "${options[@]}" -artifact_prefix="$crashes/" -print_final_stats=1 "$found" "fuzz/corpus/$name" "$@"
 }
 
 install_packages $CHECK_PACKAGES clang libclang-rt-14-dev

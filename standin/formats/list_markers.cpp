@@ -77,7 +77,11 @@ std::u16string ListCounters::next(const std::array<ListLevel, listLevels>& level
     counting_[above] = true;
   }
   constexpr int greatest = 1'000'000'000;
-  counts_[at] = counting_[at] ? std::min(counts_[at] + 1, greatest) : levels[at].start;
+  if (!counting_[at]) {
+    counts_[at] = levels[at].start;
+  } else if (counts_[at] < greatest) {
+    ++counts_[at];
+  }
   counting_[at] = true;
   for (size_t below = at + 1; below < counting_.size(); ++below) counting_[below] = false;
   const std::u16string_view pattern = std::u16string_view(levels[at].pattern).substr(0, longestMarker);

@@ -1,6 +1,8 @@
 // What the readers and writers of document formats share: XML, zip containers, styles, lists, units and colours.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "standin/formats/calendar_times.hpp"
 #include "standin/formats/colors.hpp"
 #include "standin/formats/document_builder.hpp"
@@ -27,7 +29,9 @@ struct Recorder final : xml::Handler {
   }
   void endElement(xml::NameNumber name) override { record += "</" + std::to_string(name) + '>'; }
   void characters(std::string_view text) override { record += text; }
+  bool isFull() const override { return record.size() > most; }
   std::string record;
+  size_t most = SIZE_MAX;
 };
 
 const xml::NameTable names({{"urn:one", "o"}, {"urn:other-one", "o"}},
@@ -69,10 +73,59 @@ TEST(Xml, DamageAndDepthAreErrors) {
   std::string wide = "<plain";
   for (int index = 0; index < 100'000; ++index) wide += " a" + std::to_string(index) + "=''";
   recorded(wide + "/>", false);
+  wide.resize(wide.find(" a900="));
+  recorded("<plain>" + wide + "/></plain>");
+  std::string manyWide;
+  for (int index = 0; index < 100; ++index) manyWide += wide + "/>";
+  recorded("<plain>" + manyWide + "</plain>", false);
   recorded("<plain><!-- ' = --><![CDATA[\" =]]></plain>");
   deep.resize(1'900 * 7);
   for (int level = 0; level < 1'900; ++level) deep += "</plain>";
   recorded(deep);
+}
+
+TEST(Xml, NamespacesHoldInsideTheElementThatDeclaresThem) {
+  EXPECT_EQ(recorded("<x:a xmlns:x='urn:one'><x:b xmlns:x='urn:nobody'><x:a/></x:b><x:b x:v='1'/><y:b/></x:a>"),
+            "<1><-1><-1></-1></-1><2 4='1'></2><-1></-1></1>");
+  EXPECT_EQ(recorded("<a xmlns='urn:one' v='1'><plain xmlns='' xml:v='2'/><b/></a>"), "<1 5='1'><3></3><2></2></1>");
+  const auto declaring = [](int count) {
+    std::string document = "<plain";
+    for (int index = 0; index < count; ++index) document += " xmlns:n" + std::to_string(index) + "='urn:one'";
+    return document + "><n0:a/></plain>";
+  };
+  EXPECT_EQ(recorded(declaring(256)), "<3><1></1></3>");
+  recorded(declaring(257), false);
+}
+
+TEST(Xml, BytesMayComeInPiecesOfAnyLengthAndEnd) {
+  std::string text;
+  for (int index = 0; index < 3'000; ++index) text += "é漢 ";
+  const std::string document = "<plain v='" + text + "'>" + text + "<!--" + text + "--></plain>",
+                    expected = "<3 5='" + text + "'>" + text + "</3>";
+  const auto read = [&](size_t piece, size_t damagedAt, size_t mostAtOnce, bool isGood) {
+    Recorder recorder;
+    const auto source = [&, at = size_t{0}](char* to, int most) mutable {
+      if (at >= damagedAt) return -1;
+      const size_t count = document.copy(to, std::min(piece, static_cast<size_t>(most)), at);
+      at += count;
+      return static_cast<int>(count);
+    };
+    EXPECT_EQ(xml::parse({source, mostAtOnce}, names, recorder), isGood);
+    return recorder.record;
+  };
+  for (const size_t piece : {1, 7, 1'000, 100'000})
+    EXPECT_TRUE(read(piece, SIZE_MAX, document.size(), true) == expected) << piece;
+  EXPECT_TRUE(expected.starts_with(read(1'000, 30'000, document.size(), false)));
+  EXPECT_EQ(read(1'000, SIZE_MAX, 10'000, false), "");  // the tag is longer
+}
+
+TEST(Xml, AHandlerThatIsFullHearsNoMore) {
+  Recorder recorder;
+  recorder.most = 10'000;
+  std::string document = "<plain>";
+  for (int index = 0; index < 100'000; ++index) document += "text<plain/>";
+  EXPECT_FALSE(xml::parse(bytesOf(document + "</plain>"), names, recorder));
+  EXPECT_LT(recorder.record.size(), 30'000u);
 }
 
 TEST(Xml, EscapedTextReadsBack) {
@@ -94,6 +147,31 @@ TEST(Zip, EntriesReadBack) {
   EXPECT_EQ(archive->read("empty"), "");
   EXPECT_FALSE(archive->read("missing"));
   EXPECT_FALSE(archive->contains("missing"));
+}
+
+TEST(Zip, EntriesOfAnySizeReadInPieces) {
+  const auto inPieces = [](const std::string& container, size_t size) {
+    auto archive = zip::Archive::open(bytesOf(container));
+    auto reading = archive ? archive->readInPieces("a") : std::nullopt;
+    std::string contents(size + 1, '\0');
+    size_t at = 0;
+    for (int count = 1; reading && count > 0; at += static_cast<size_t>(std::max(count, 0))) {
+      count = (*reading)(contents.data() + at, static_cast<int>(std::min<size_t>(4'000, contents.size() - at)));
+      if (count < 0) return std::string("damaged");
+    }
+    return contents.substr(0, at);
+  };
+  for (const size_t size : {0, 100'000, 20'000'000}) {  // the last is more than is inflated at once
+    std::string contents(size, 'x');
+    for (size_t at = 0; at < size; at += 997) contents[at] = static_cast<char>(at);
+    std::string container = zip::write({{"a", contents}}).value();
+    EXPECT_TRUE(inPieces(container, size) == contents) << size;
+    if (size == 0) continue;
+    container[container.size() / 2] = static_cast<char>(container[container.size() / 2] ^ 0x55);
+    EXPECT_FALSE(inPieces(container, size) == contents) << size;
+  }
+  EXPECT_FALSE(zip::Archive::open(bytesOf(zip::write({{"a", "text"}}).value()))->readInPieces("b"));
+  EXPECT_FALSE(zip::Archive::open(bytesOf(zip::write({{"a", "text"}}).value()))->read("a", 3));
 }
 
 TEST(Zip, DamageIsNoArchiveAndBombsEndAtTheBound) {
@@ -154,6 +232,9 @@ TEST(Lists, LevelsCountAndStartAgain) {
   EXPECT_EQ(counters.next(levels, 0), u"X.");
   EXPECT_EQ(counters.next(levels, 99), u"X.");
   EXPECT_EQ(ListCounters().next(levels, 1), u"(III.a)");
+  levels[0] = {NumberFormat::decimal, u"%1", std::numeric_limits<int>::max()};
+  ListCounters farthest;
+  for (int item = 0; item < 3; ++item) EXPECT_EQ(farthest.next(levels, 0), u"2147483647");
 }
 
 TEST(Units, LengthsAndNumbers) {

@@ -1,0 +1,39 @@
+// Pictures from anywhere: headers that are made to take memory.
+#include "standin/formats/pictures/picture.hpp"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace pictures = standin::formats::pictures;
+using namespace std::string_literals;
+
+std::span<const uint8_t> bytesOf(std::string_view text) {
+  return {reinterpret_cast<const uint8_t*>(text.data()), text.size()};
+}
+
+std::string number(uint32_t value) { return {reinterpret_cast<const char*>(&value), sizeof value}; }
+
+std::string bmp(uint32_t headerLength, uint32_t width, uint32_t height) {
+  return "BM"s + number(58) + number(0) + number(54) + number(headerLength) + number(width) + number(height) +
+         "\1\0\x18\0"s + std::string(24, '\0') + "\1\2\3\0"s;
+}
+
+TEST(Pictures, HeadersThatClaimMoreThanThereIsAreNone) {
+  ASSERT_TRUE(pictures::sizeOf(bytesOf(bmp(40, 1, 1))));
+  for (const uint32_t length : {59U, 0x04017F00U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+    EXPECT_FALSE(pictures::sizeOf(bytesOf(bmp(length, 1, 1)))) << length;
+    EXPECT_FALSE(pictures::decode(bytesOf(bmp(length, 1, 1)))) << length;
+  }
+}
+
+TEST(Pictures, LargeOnesAreNotDecoded) {
+  const std::string large = bmp(40, 20'000, 20'000);
+  const auto size = pictures::sizeOf(bytesOf(large));
+  ASSERT_TRUE(size);
+  EXPECT_EQ(size->width, 20'000);
+  EXPECT_FALSE(pictures::decode(bytesOf(large)));
+  EXPECT_FALSE(pictures::convert(bytesOf(large), pictures::Format::png));
+}
+
+}  // namespace
