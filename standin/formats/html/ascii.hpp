@@ -5,18 +5,16 @@
 #include <string>
 #include <string_view>
 
+#include "standin/text/ascii.hpp"
+
 namespace standin::formats::html {
 
 constexpr bool isASCIISpace(char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r' || c == '\f'; }
 constexpr bool isASCIILetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 constexpr bool isASCIIDigit(char c) { return c >= '0' && c <= '9'; }
 constexpr bool isASCIIAlphanumeric(char c) { return isASCIILetter(c) || isASCIIDigit(c); }
-constexpr char asciiLowercase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
-
-constexpr bool equalIgnoringCase(std::string_view left, std::string_view right) {
-  return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
-                                                   [](char a, char b) { return asciiLowercase(a) == asciiLowercase(b); });
-}
+using text::asciiLowercase;
+using text::equalIgnoringCase;
 
 inline std::string asciiLowercase(std::string_view text) {
   std::string result(text);

@@ -5,7 +5,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "standin/formats/html/css/style_sheet.hpp"
+#include "standin/formats/html/css/rule_finder.hpp"
 
 namespace standin::formats::html {
 
@@ -20,6 +20,7 @@ class ElementStyles {
   // Around the root element.
   static constexpr Index outermost = 0;
 
+  // To be asked in the order of the document: of the children of each element that is shown.
   Index styleOf(NodeIndex element, Index parent);
   const css::ComputedStyle& operator[](Index style) const { return styles_[style]; }
 
@@ -30,7 +31,9 @@ class ElementStyles {
   };
 
   void collect(NodeIndex element);
-  void addHints(NodeIndex element);
+  bool findDeclarations();
+  Index plainStyle(NodeIndex element, Index parent);
+  Index make(NodeIndex element, Index parent);
   css::ComputedStyle compute(NodeIndex element, Index parent) const;
   template <class Use>
   void forEachDeclaration(Use use) const;
@@ -40,10 +43,12 @@ class ElementStyles {
   const css::StyleSheet& sheet_;
   std::deque<css::ComputedStyle> styles_;
   std::unordered_map<std::string, Index> indices_;
-  uint64_t steps_;  // that may still be spent on finding the document's own rules
+  Work work_;  // that may still be spent on the document's own rules
+  css::RuleFinder defaultFinder_, finder_;
 
   // Of the element at hand.
-  std::vector<uint32_t> defaultRules_, rules_;
+  css::Steps defaultSteps_, steps_;             // that hold of it
+  std::vector<uint32_t> defaultRules_, rules_;  // that end in these, where its style must be made
   std::vector<Hint> hints_;
   std::vector<css::Declaration> inlined_;
   std::string_view styleAttribute_;

@@ -5,38 +5,11 @@
 #include "standin/formats/html/ascii.hpp"
 #include "standin/formats/html/css/style_sheet.hpp"
 #include "standin/formats/html/css/values.hpp"
+#include "standin/formats/html/property_names.hpp"
 #include "standin/formats/utf8.hpp"
 
 namespace standin::formats::html {
 namespace {
-
-struct TextRow {
-  std::string_view name;
-  std::u16string Properties::*member;
-};
-// Names that different programs write; the earlier rows are the better ones.
-constexpr TextRow textRows[] = {
-    {"author", &Properties::author},           {"dc.creator", &Properties::author},
-    {"dcterms.creator", &Properties::author},  {"subject", &Properties::subject},
-    {"dc.subject", &Properties::subject},      {"description", &Properties::comment},
-    {"dc.description", &Properties::comment},  {"keywords", &Properties::keywords},
-    {"company", &Properties::company},         {"copyright", &Properties::copyright},
-    {"dc.rights", &Properties::copyright},     {"category", &Properties::category},
-    {"classification", &Properties::category}, {"manager", &Properties::manager},
-    {"editor", &Properties::editor},           {"lastauthor", &Properties::editor},
-    {"changedby", &Properties::editor},
-};
-
-struct TimeRow {
-  std::string_view name;
-  std::optional<CalendarTime> Properties::*member;
-};
-constexpr TimeRow timeRows[] = {
-    {"created", &Properties::created},         {"creationtime", &Properties::created},
-    {"dcterms.created", &Properties::created}, {"dcterms.issued", &Properties::created},
-    {"modified", &Properties::modified},       {"modificationtime", &Properties::modified},
-    {"changed", &Properties::modified},        {"dcterms.modified", &Properties::modified},
-};
 
 struct MarginRow {
   std::string_view name;
@@ -66,10 +39,10 @@ std::u16string lineOf(std::string_view text) {
 void takeMeta(const Tree& tree, NodeIndex element, Properties& properties) {
   const std::string_view name = tree.attribute(element, AttributeName::name).value_or("");
   const std::string_view content = tree.attribute(element, AttributeName::content).value_or("");
-  for (const TextRow& row : textRows) {
+  for (const TextName& row : textNames) {
     if (equalIgnoringCase(row.name, name) && (properties.*row.member).empty()) properties.*row.member = lineOf(content);
   }
-  for (const TimeRow& row : timeRows) {
+  for (const TimeName& row : timeNames) {
     if (equalIgnoringCase(row.name, name) && !(properties.*row.member)) properties.*row.member = calendarTimeOf(content);
   }
 }

@@ -3,18 +3,16 @@
 
 namespace standin::formats::html {
 
-std::optional<std::string_view> Tree::attribute(NodeIndex element, AttributeName name) const {
-  const Node& node = nodes_[element];
-  for (uint32_t index = node.firstAttribute; index < node.firstAttribute + node.attributeCount; ++index) {
-    if (attributes_[index].known == name) return attributes_[index].value;
+std::optional<std::string_view> Tree::valueOf(NodeIndex element, AttributeName name) const {
+  for (const Attribute& attribute : attributesOf(element)) {
+    if (attribute.known == name) return attribute.value;
   }
   return std::nullopt;
 }
 
 std::optional<std::string_view> Tree::attribute(NodeIndex element, std::string_view name) const {
-  const Node& node = nodes_[element];
-  for (uint32_t index = node.firstAttribute; index < node.firstAttribute + node.attributeCount; ++index) {
-    if (attributes_[index].name == name) return attributes_[index].value;
+  for (const Attribute& attribute : attributesOf(element)) {
+    if (attribute.name == name) return attribute.value;
   }
   return std::nullopt;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,8 @@ struct Node {
   uint16_t attributeCount = 0;
   Tag tag = Tag::unknown;
   bool isText = false;
-  std::string_view text;  // the characters of a text, the name of an element in small letters
+  uint32_t knownAttributes = 0;  // a bit each, by name
+  std::string_view text;         // the characters of a text, the name of an element in small letters
 
   bool isElement(Tag wanted) const { return tag == wanted && !isText; }
 };
@@ -43,13 +45,19 @@ class Tree {
 
   const Node& operator[](NodeIndex index) const { return nodes_[index]; }
   size_t size() const { return nodes_.size(); }
+  size_t sourceSize() const { return source_.size(); }  // in bytes
   NodeIndex html() const { return 1; }
   NodeIndex head() const { return 2; }
   NodeIndex body() const { return 3; }
 
   // Nothing when the element lacks it.
-  std::optional<std::string_view> attribute(NodeIndex element, AttributeName name) const;
+  std::optional<std::string_view> attribute(NodeIndex element, AttributeName name) const {
+    return (nodes_[element].knownAttributes & bitOf(name)) != 0 ? valueOf(element, name) : std::nullopt;
+  }
   std::optional<std::string_view> attribute(NodeIndex element, std::string_view name) const;
+  std::span<const Attribute> attributesOf(NodeIndex element) const {
+    return {attributes_.data() + nodes_[element].firstAttribute, nodes_[element].attributeCount};
+  }
   // The texts in the element, one after the other.
   std::string textOf(NodeIndex element) const;
   // Calls `use` with each element, in the order of the document.
@@ -63,13 +71,15 @@ class Tree {
  private:
   friend class TreeBuilder;
 
+  static uint32_t bitOf(AttributeName name) { return uint32_t{1} << static_cast<unsigned>(name); }
+  std::optional<std::string_view> valueOf(NodeIndex element, AttributeName name) const;
   NodeIndex nextInDocument(NodeIndex index) const;
   // The node behind the whole of this one.
   NodeIndex following(NodeIndex index) const;
 
   std::string source_;
   std::vector<Node> nodes_;
-  std::vector<Attribute> attributes_;
+  std::vector<Attribute> attributes_;  // those with known names first, in each element
 };
 
 }  // namespace standin::formats::html

@@ -90,8 +90,15 @@ NodeIndex TreeBuilder::newElement(const Token& token) {
   node.text = token.name;
   node.firstAttribute = static_cast<uint32_t>(tree_.attributes_.size());
   node.attributeCount = static_cast<uint16_t>(std::min(token.attributes.size(), mostAttributes));
-  tree_.attributes_.insert(tree_.attributes_.end(), token.attributes.begin(),
-                           token.attributes.begin() + node.attributeCount);
+  const auto addThose = [&](bool known) {
+    for (const Attribute& attribute : std::span(token.attributes).first(node.attributeCount)) {
+      if ((attribute.known != AttributeName::unknown) != known) continue;
+      tree_.attributes_.push_back(attribute);
+      if (known) node.knownAttributes |= Tree::bitOf(attribute.known);
+    }
+  };
+  addThose(true);
+  addThose(false);
   return index;
 }
 
@@ -117,6 +124,7 @@ void TreeBuilder::mergeAttributes(NodeIndex element, const Token& token) {
   tree_.nodes_.pop_back();
   tree_.nodes_[element].firstAttribute = read.firstAttribute;
   tree_.nodes_[element].attributeCount = read.attributeCount;
+  tree_.nodes_[element].knownAttributes = read.knownAttributes;
 }
 
 void TreeBuilder::takeText(std::string_view characters) {

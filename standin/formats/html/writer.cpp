@@ -10,25 +10,11 @@
 #include "standin/formats/html/character_writer.hpp"
 #include "standin/formats/html/charset.hpp"
 #include "standin/formats/html/css_text.hpp"
+#include "standin/formats/html/property_names.hpp"
 #include "standin/formats/pictures/picture.hpp"
 
 namespace standin::formats::html {
 namespace {
-
-struct TextRow {
-  std::string_view name;
-  std::u16string Properties::*member;
-};
-constexpr TextRow textRows[] = {
-    {"author", &Properties::author},     {"keywords", &Properties::keywords}, {"description", &Properties::comment},
-    {"subject", &Properties::subject},   {"company", &Properties::company},   {"copyright", &Properties::copyright},
-    {"category", &Properties::category}, {"manager", &Properties::manager},   {"editor", &Properties::editor},
-};
-struct TimeRow {
-  std::string_view name;
-  std::optional<CalendarTime> Properties::*member;
-};
-constexpr TimeRow timeRows[] = {{"created", &Properties::created}, {"modified", &Properties::modified}};
 
 class DocumentWriter {
  public:
@@ -71,12 +57,12 @@ class DocumentWriter {
   }
 
   void writeProperties() {
-    for (const TextRow& row : textRows) {
+    for (const TextName& row : writtenTextNames) {
       std::string value;
       appendAttributeValue(value, information_.properties.*row.member);
       if (!value.empty()) writeMeta("name", row.name, value);
     }
-    for (const TimeRow& row : timeRows) {
+    for (const TimeName& row : writtenTimeNames) {
       if (const auto& time = information_.properties.*row.member) writeMeta("name", row.name, textOf(*time));
     }
   }

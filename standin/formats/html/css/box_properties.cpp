@@ -24,9 +24,11 @@ constexpr Keyword<Marker> markers[] = {
     {"none", {NumberFormat::none, {}}},
 };
 
+// Of no more characters than a name has.
 std::optional<Marker> quotedMarker(std::string_view word, std::u16string& storage) {
+  constexpr size_t longest = 255;
   if (!word.starts_with('"') && !word.starts_with('\'')) return std::nullopt;
-  storage = unitsOf(trimmed(stringOf(word)));
+  storage = unitsOf(trimmed(stringOf(word))).substr(0, longest);
   return Marker{NumberFormat::bullet, storage};
 }
 

@@ -32,14 +32,17 @@ std::optional<double> fontSizeOf(std::string_view value, const Surroundings& sur
 
 // The first family of which there are faces; without any the first that is named, whatever machine has it.
 std::string familyOf(std::string_view value) {
+  constexpr size_t longestName = 255, most = 64;
   std::string first;
   std::string_view generic;
-  for (const std::string_view part : partsOf(value, ',')) {
+  std::vector<std::string_view> parts = partsOf(value, ',');
+  parts.resize(std::min(parts.size(), most));
+  for (const std::string_view part : parts) {
     const auto found = keywordIn(genericFamilies, part);
     if (generic.empty() && found) generic = *found;
     std::string name = found ? std::string() : stringOf(part);
     if (text::familyNamed(name)) return name;
-    if (first.empty()) first = std::move(name);
+    if (first.empty() && name.size() <= longestName) first = std::move(name);
   }
   return !first.empty() ? first : std::string(generic);
 }

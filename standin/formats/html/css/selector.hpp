@@ -42,8 +42,10 @@ struct SelectorPart {
   std::string name{};        // of a type, an identifier, a class, an attribute
   std::string value{};       // of an attribute
   int step = 0, offset = 0;  // "an+b"
+  uint32_t number = 0;       // of a class, which the sheet gives it
 
   bool isCombinator() const { return kind >= child; }
+  bool isOfAttribute() const { return kind >= attributePresent && kind <= attributeContains; }
 };
 using Selector = std::vector<SelectorPart>;
 
@@ -52,8 +54,5 @@ std::optional<Selector> parseSelector(std::string_view text);
 
 // Identifiers count most, then classes, attributes and states, then types.
 uint32_t specificityOf(const Selector& selector);
-
-// `steps` goes down with the work done; at 0 nothing matches any more.
-bool matches(const Selector& selector, const Tree& tree, NodeIndex element, uint64_t& steps);
 
 }  // namespace standin::formats::html::css

@@ -139,10 +139,10 @@ class SheetParser {
     const auto count = static_cast<uint32_t>(sheet_.declarations_.size()) - first;
     if (count == 0) return;
     for (const std::string_view text : partsOf(prelude, ',')) {
-      if (sheet_.rules_.size() >= mostRules || selectorParts_ >= mostSelectorParts) return;
+      if (sheet_.rules_.size() >= mostRules || sheet_.selectorParts_ >= mostSelectorParts) return;
       auto selector = parseSelector(text);
       if (!selector) continue;
-      selectorParts_ += selector->size();
+      sheet_.selectorParts_ += selector->size();
       const uint32_t specificity = specificityOf(*selector);
       sheet_.rules_.push_back({*std::move(selector), specificity, first, count});
     }
@@ -150,7 +150,6 @@ class SheetParser {
 
   StyleSheet& sheet_;
   const StyleSheet::Import& import_;
-  size_t selectorParts_ = 0;
 };
 
 void StyleSheet::add(std::string_view text, const Import& import) {

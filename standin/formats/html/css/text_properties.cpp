@@ -17,6 +17,7 @@ constexpr Keyword<int> lineStyles[] = {
     {"solid", single}, {"double", doubled}, {"dotted", dotted}, {"dashed", dashed}, {"wavy", single}};
 
 constexpr Keyword<int> verticalSteps[] = {{"super", 1}, {"sub", -1}};
+constexpr size_t mostTabs = 64;
 constexpr Keyword<text::TabKind> tabKinds[] = {{"left", text::TabKind::left},
                                                {"right", text::TabKind::right},
                                                {"center", text::TabKind::center},
@@ -139,6 +140,7 @@ void applyTabStops(ComputedStyle& style, std::string_view value, const Surroundi
   std::vector<text::TabStop> stops;
   text::TabKind kind = text::TabKind::left;
   for (const std::string_view word : wordsOf(value)) {
+    if (stops.size() == mostTabs) break;
     if (const auto position = lengthOf(word, fontSizes(style, surroundings))) {
       stops.push_back({*position, kind});
       kind = text::TabKind::left;
