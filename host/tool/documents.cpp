@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "host/runtime/declaration.hpp"
 #include "host/runtime/dictionary.hpp"
 #include "host/runtime/memory_block.hpp"
 #include "host/tool/files.hpp"
@@ -186,8 +187,7 @@ std::vector<std::string> readableFormats() { return namesWith(&Format::open); }
 std::vector<std::string> writableFormats() { return namesWith(&Format::save); }
 
 std::string formatNamed(std::string_view path) {
-  std::string extension = fs::path(path).extension().string();
-  std::transform(extension.begin(), extension.end(), extension.begin(), [](unsigned char c) { return std::tolower(c); });
+  const std::string extension = host::lowerCase(fs::path(path).extension().string());
   for (const Format& format : formats) {
     if (std::find(format.extensions.begin(), format.extensions.end(), extension) != format.extensions.end())
       return format.name;

@@ -29,6 +29,7 @@
 #include "standin/foundation/number.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/foundation/string_encodings.hpp"
+#include "standin/text/ascii.hpp"
 #include "standin/text/font_faces.hpp"
 
 namespace standin::appkit {
@@ -150,16 +151,11 @@ const DocumentFormat* formatOfType(NSObject* type) {
 }
 
 // Files of some programs have names in capitals.
-bool equalIgnoringCase(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return (a | 0x20) == (b | 0x20); });
-}
-
 bool hasExtension(const DocumentFormat& format, std::string_view name) {
   const size_t dot = name.rfind('.');
   if (dot == std::string_view::npos) return false;
   return std::any_of(format.extensions.begin(), format.extensions.end(),
-                     [&](auto extension) { return equalIgnoringCase(name.substr(dot + 1), extension); });
+                     [&](auto extension) { return text::equalIgnoringCase(name.substr(dot + 1), extension); });
 }
 
 // The content says it, then the name, and what nothing is known of is plain text.

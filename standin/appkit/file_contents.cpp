@@ -7,6 +7,7 @@
 #include <cerrno>
 
 #include "standin/foundation/data.hpp"
+#include "standin/foundation/files.hpp"
 
 namespace standin::appkit {
 namespace {
@@ -36,15 +37,6 @@ std::optional<std::string> readAll(const OpenFile& file, uint64_t size) {
   return bytes;
 }
 
-bool writeAll(int descriptor, std::span<const uint8_t> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t put = ::write(descriptor, bytes.data(), bytes.size());
-    if (put < 0 && errno != EINTR) return false;
-    if (put > 0) bytes = bytes.subspan(static_cast<size_t>(put));
-  }
-  return true;
-}
-
 // Through the kernel, block by block through memory where it cannot.
 bool copyAll(const OpenFile& from, uint64_t size, int to, bool& failedReading) {
   off_t place = 0;
@@ -56,7 +48,8 @@ bool copyAll(const OpenFile& from, uint64_t size, int to, bool& failedReading) {
     const ssize_t got = ::pread(from.descriptor(), block, sizeof block, place);
     failedReading = got <= 0;
     if (got == 0) errno = ESTALE;
-    if (got <= 0 || !writeAll(to, {reinterpret_cast<const uint8_t*>(block), static_cast<size_t>(got)})) return false;
+    if (got <= 0 || !foundation::writeAll(to, {reinterpret_cast<const uint8_t*>(block), static_cast<size_t>(got)}))
+      return false;
     place += got;
   }
   return true;
@@ -113,7 +106,7 @@ NSData* FileContents::data() {
 bool FileContents::writeTo(int descriptor, bool& failedReading) {
   failedReading = false;
   if (opened_ != nullptr) return copyAll(opened_->file, opened_->size, descriptor, failedReading);
-  if (!isUnread()) return writeAll(descriptor, foundation::bytesOf(data_));
+  if (!isUnread()) return foundation::writeAll(descriptor, foundation::bytesOf(data_));
   const OpenFile file = openAsFound(*origin_);
   failedReading = !file;
   return file && copyAll(file, origin_->stamp.size, descriptor, failedReading);

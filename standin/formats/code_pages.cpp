@@ -5,7 +5,7 @@
 #include <unicode/ucnv_cb.h>
 #include <unicode/ucnv_err.h>
 
-#include <algorithm>
+#include "standin/formats/utf8.hpp"
 
 namespace standin::formats {
 namespace {
@@ -53,10 +53,6 @@ std::string converterName(int codePage) {
   return (codePage >= 1250 && codePage <= 1258 ? "windows-" : "cp") + std::to_string(codePage);
 }
 
-bool isASCII(std::string_view bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<uint8_t>(byte) < 0x80; });
-}
-
 // ICU's own substitute for a single bad byte is a control character in some code pages.
 void replaceBadBytes(const void*, UConverterToUnicodeArgs* arguments, const char*, int32_t, UConverterCallbackReason reason,
                      UErrorCode* error) {
@@ -98,7 +94,7 @@ void Decoder::append(std::u16string& out, std::string_view bytes, int codePage) 
   if (codePage == symbolCodePage) {
     for (const char byte : bytes)
       out += static_cast<char16_t>(byte >= 0 && byte < 0x20 ? byte : 0xF000 + static_cast<uint8_t>(byte));
-  } else if (isASCII(bytes)) {
+  } else if (lengthOfASCII(bytes) == bytes.size()) {
     out.append(bytes.begin(), bytes.end());
   } else if (UConverter* converter = converterFor(codePage)) {
     const size_t old = out.size();

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <cmath>
 
+#include "standin/text/ascii.hpp"
+
 namespace standin::formats {
 namespace {
 
@@ -20,10 +22,6 @@ constexpr Unit units[] = {{"pt", 1},
                           {"pc", 12},
                           {"pi", 12},
                           {"px", pointsPerPixel}};
-
-bool equalIgnoringCase(std::string_view left, std::string_view right) {
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(), [](char a, char b) { return (a | 0x20) == b; });
-}
 
 }  // namespace
 
@@ -42,7 +40,7 @@ std::optional<double> pointsOf(std::string_view length) {
   const auto number = numberOf(length, &name);
   if (!number) return std::nullopt;
   for (const Unit& unit : units) {
-    if (equalIgnoringCase(name, unit.name)) return *number * unit.points;
+    if (text::equalIgnoringCase(name, unit.name)) return *number * unit.points;
   }
   return std::nullopt;
 }

@@ -6,18 +6,31 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace standin::formats {
+
+// Eight bytes at a time.
+size_t lengthOfASCII(std::string_view text) {
+  constexpr uint64_t highBits = 0x8080808080808080;
+  size_t at = 0;
+  for (uint64_t word; at + sizeof word <= text.size(); at += sizeof word) {
+    std::memcpy(&word, text.data() + at, sizeof word);
+    if ((word & highBits) != 0) break;
+  }
+  while (at < text.size() && static_cast<uint8_t>(text[at]) < 0x80) ++at;
+  return at;
+}
 
 void appendUnits(std::u16string& units, std::string_view utf8) {
   const auto* bytes = reinterpret_cast<const uint8_t*>(utf8.data());
   const auto length = static_cast<int32_t>(utf8.size());
   for (int32_t at = 0; at < length;) {
-    const auto* const end = std::find_if(bytes + at, bytes + length, [](uint8_t byte) { return byte >= 0x80; });
+    const size_t count = lengthOfASCII(utf8.substr(static_cast<size_t>(at)));
     const size_t before = units.size();
-    units.resize(before + static_cast<size_t>(end - bytes - at));
-    std::copy(bytes + at, end, units.begin() + static_cast<ptrdiff_t>(before));
-    at = static_cast<int32_t>(end - bytes);
+    units.resize(before + count);
+    std::copy_n(bytes + at, count, units.begin() + static_cast<ptrdiff_t>(before));
+    at += static_cast<int32_t>(count);
     if (at == length) return;
     UChar32 character;
     U8_NEXT_OR_FFFD(bytes, at, length, character);

@@ -9,6 +9,7 @@
 #include <cstdlib>
 
 #include "standin/foundation/data.hpp"
+#include "standin/foundation/files.hpp"
 
 namespace standin::foundation {
 namespace {
@@ -53,15 +54,6 @@ bool readAll(int descriptor, size_t expected, std::string& bytes) {
     }
     filled += static_cast<size_t>(got);
   }
-}
-
-bool writeAll(int descriptor, std::span<const uint8_t> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t put = ::write(descriptor, bytes.data(), bytes.size());
-    if (put < 0 && errno != EINTR) return false;
-    if (put > 0) bytes = bytes.subspan(static_cast<size_t>(put));
-  }
-  return true;
 }
 
 bool writeInPlace(const char* path, std::span<const uint8_t> bytes) {

@@ -4,9 +4,13 @@
 #include <sys/stat.h>
 #include <unicode/normalizer2.h>
 #include <unicode/ustring.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
+
+#include "standin/foundation/transcoding.hpp"
 
 namespace standin::foundation {
 namespace {
@@ -17,7 +21,7 @@ bool exists(const std::string& path) {
 }
 
 bool isAscii(const std::string& text) {
-  return std::all_of(text.begin(), text.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+  return asciiPrefix(reinterpret_cast<const uint8_t*>(text.data()), text.size()) == text.size();
 }
 
 std::string sameNameIn(const std::string& folder, const std::string& leaf) {
@@ -79,6 +83,15 @@ std::string existingPath(const std::string& path) {
   const std::string folder = path.find('/') != std::string::npos && path != "/" ? existingPath(folderOf(path)) : ".";
   if (isAscii(leaf) || !exists(folder)) return joined(folder, leaf);
   return joined(folder, sameNameIn(folder, leaf));
+}
+
+bool writeAll(int descriptor, std::span<const uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t put = ::write(descriptor, bytes.data(), bytes.size());
+    if (put < 0 && errno != EINTR) return false;
+    if (put > 0) bytes = bytes.subspan(static_cast<size_t>(put));
+  }
+  return true;
 }
 
 }  // namespace standin::foundation

@@ -1,7 +1,9 @@
 // Questions to the file system that several classes ask. Paths are bytes, as the system has them.
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 
 namespace standin::foundation {
@@ -21,5 +23,8 @@ std::optional<std::u16string> decomposedName(const std::string& name);
 // The path under which the file exists. The platform knows a file by its name however that is composed, so where the
 // exact bytes name nothing, a name that is canonically the same is looked for. Otherwise the path as it came.
 std::string existingPath(const std::string& path);
+
+// False when the system refuses; errno says why.
+bool writeAll(int descriptor, std::span<const uint8_t> bytes);
 
 }  // namespace standin::foundation

@@ -1,13 +1,12 @@
 // NSURL.
 #include "standin/foundation/url.hpp"
 
-#include <strings.h>
-
 #include "standin/foundation/checks.hpp"
 #include "standin/foundation/files.hpp"
 #include "standin/foundation/number.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/class_definition.hpp"
+#include "standin/text/ascii.hpp"
 
 namespace standin::foundation {
 namespace {
@@ -95,7 +94,7 @@ NSObject* pathExtension(NSObject* self) {
       .autorelease();
 }
 
-bool isFile(const UrlParts& parts) { return parts.scheme && strcasecmp(parts.scheme->c_str(), "file") == 0; }
+bool isFile(const UrlParts& parts) { return parts.scheme && text::equalIgnoringCase(*parts.scheme, "file"); }
 BOOL isFileURL(NSObject* self) { return isFile(absolute(self)); }
 
 NSObject* byAppending(NSObject* self, NSString* component) {

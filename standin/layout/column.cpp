@@ -37,7 +37,6 @@ Column::Column(const formats::StyledRuns& styled, Faces& faces, double width, do
       reader_(styled) {}
 
 void Column::layOut(LineTaker& taker) {
-  reader_.rewind();
   for (uint32_t position = 0; position < reader_.size(); position = stretch_.next) {
     reader_.read(position, stretch_);
     if (!layOutParagraph(taker)) return;
@@ -69,7 +68,7 @@ bool Column::giveLinesOfStretch(LineTaker& taker, bool& isFirst, uint32_t& from)
     filler_.fill(bounds(isFirst), filled_);
     const bool isIncomplete = filler_.isAtEnd() && !stretch_.endsParagraph;
     if (isIncomplete && !isStart) return from = start, true;
-    if (isIncomplete && filler_.keepsOneLine()) from = endOfLine();
+    if (isIncomplete && filler_.keepsOneLine()) addEndOfLine(from = endOfLine());
     if (!giveLine(taker, isFirst, filler_.isAtEnd() && endsParagraphAt(from))) return false;
     isFirst = false;
   }
@@ -83,6 +82,13 @@ uint32_t Column::endOfLine() {
   const auto found = lineBreak();
   if (found == stretch_.units.end()) return stretch_.end();
   return stretch_.start + static_cast<uint32_t>(found - stretch_.units.begin()) + 1;
+}
+
+// A line that reaches beyond its stretch may show its end all the same.
+void Column::addEndOfLine(uint32_t end) {
+  if (!filled_.isBroken || !filler_.showsEnd()) return;
+  reader_.read(end - std::min(end, StretchReader::mostUnits / 2), stretch_);
+  filler_.addEnd(stretch_, isRightToLeft_, end, filled_);
 }
 
 // However long the indents are, they leave some room.

@@ -28,6 +28,7 @@ class Column {
   void place(FilledLine& filled, const LineBounds& bounds);
   bool justify(double missing);
   uint32_t endOfLine();
+  void addEndOfLine(uint32_t end);
   double heightOf(double natural) const;
   void measure();
   void measurePiece(const Piece& piece, double& ascent, double& descent, double& leading);

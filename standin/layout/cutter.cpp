@@ -16,7 +16,7 @@ namespace {
 constexpr uint32_t longestWord = 256;
 
 // Nothing for what is not shown at all.
-std::optional<PieceKind> kindOf(char16_t unit) {
+std::optional<PieceKind> kindOfOther(char16_t unit) {
   switch (unit) {
     case u'\t':
       return PieceKind::tab;
@@ -31,6 +31,11 @@ std::optional<PieceKind> kindOf(char16_t unit) {
   if (isSpace(unit)) return PieceKind::space;
   if (unit < 0x20 || unit == 0x7F) return std::nullopt;
   return PieceKind::word;
+}
+
+// Most text is printable ASCII.
+std::optional<PieceKind> kindOf(char16_t unit) {
+  return unit > 0x20 && unit < 0x7F ? std::optional(PieceKind::word) : kindOfOther(unit);
 }
 
 // Names longer than this are cut.
@@ -75,11 +80,19 @@ void Cutter::add(PieceKind kind, uint32_t from, uint32_t end, bool canBreakAfter
   piece.level = levels_->empty() ? uint8_t{0} : (*levels_)[from];
   piece.canBreakAfter = canBreakAfter;
   if (kind == PieceKind::word || kind == PieceKind::space) {
-    piece.word = &shaper_.word(units(from, end), *look.choice, (piece.level & 1) != 0);
-    piece.width = widthOf(*piece.word, look);
+    shape(piece);
   }
   if (kind == PieceKind::attachment) addAttachment(piece);
   pieces_->push_back(piece);
+}
+
+void Cutter::shape(Piece& piece) {
+  const uint32_t from = piece.start - stretch_->start, end = from + piece.length;
+  const std::u16string_view text = units(from, end);
+  const bool canJoin = text.front() >= firstJoining || text.back() >= firstJoining;
+  const Joins joins = canJoin ? joinsAround(stretch_->units, from, end) : Joins{};
+  piece.word = &shaper_.word(text, *piece.look->choice, (piece.level & 1) != 0, joins);
+  piece.width = widthOf(*piece.word, *piece.look);
 }
 
 void Cutter::addAttachment(Piece& piece) {
@@ -155,17 +168,17 @@ Piece Cutter::replacement(std::u16string_view shown, const Piece& place) {
   return piece;
 }
 
-Piece Cutter::head(const Piece& piece, std::u16string_view shown) {
-  Piece head = replacement(shown, piece);
-  head.length = static_cast<uint32_t>(shown.size());
-  return head;
+Piece Cutter::head(Piece piece, uint32_t length) {
+  piece.length = length;
+  shape(piece);
+  return piece;
 }
 
-Piece Cutter::tail(const Piece& piece, std::u16string_view shown) {
-  Piece tail = replacement(shown, piece);
-  tail.length = static_cast<uint32_t>(shown.size());
-  tail.start = piece.start + piece.length - tail.length;
-  return tail;
+Piece Cutter::tail(Piece piece, uint32_t length) {
+  piece.start += piece.length - length;
+  piece.length = length;
+  shape(piece);
+  return piece;
 }
 
 }  // namespace standin::layout

@@ -19,9 +19,9 @@ class Cutter {
   void cut(const Stretch& stretch, bool isRightToLeft, std::vector<Piece>& pieces);
   // A piece that shows this text in place of what the text has there.
   Piece replacement(std::u16string_view shown, const Piece& place);
-  // The piece's first units, and the rest of it.
-  Piece head(const Piece& piece, std::u16string_view units);
-  Piece tail(const Piece& piece, std::u16string_view units);
+  // The first or last units of a piece of the stretch that was cut last.
+  Piece head(Piece piece, uint32_t length);
+  Piece tail(Piece piece, uint32_t length);
 
  private:
   uint32_t stop(uint32_t at, uint32_t end);
@@ -29,6 +29,7 @@ class Cutter {
   void cutWord(uint32_t from, uint32_t end);
   uint32_t cutOther(uint32_t at, PieceKind kind);
   void add(PieceKind kind, uint32_t from, uint32_t end, bool canBreakAfter);
+  void shape(Piece& piece);
   void addAttachment(Piece& piece);
   bool canBreakAt(uint32_t at);
   std::u16string_view units(uint32_t from, uint32_t end) const;

@@ -5,14 +5,15 @@
 
 #include <algorithm>
 
+#include "standin/formats/scripts.hpp"
+
 namespace standin::layout {
 namespace {
 
 // Letters written to the left, and the controls of direction; surrogates may be of either.
 bool canTurn(char16_t unit) {
-  return unit >= 0x590 &&
-         (unit < 0x900 || unit == 0x200F || (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069) ||
-          (unit >= 0xD800 && unit < 0xE000) || (unit >= 0xFB1D && unit < 0xFE00) || (unit >= 0xFE70 && unit < 0xFEFF));
+  return unit >= 0x590 && (formats::isRightToLeft(unit) || unit == 0x200F || (unit >= 0x202A && unit <= 0x202E) ||
+                           (unit >= 0x2066 && unit <= 0x2069) || (unit >= 0xD800 && unit < 0xE000));
 }
 
 }  // namespace

@@ -92,9 +92,7 @@ int styleOf(const text::Font& font) { return (font.bold() ? 1 : 0) + (font.itali
 }  // namespace
 
 Face* Faces::open(const FileIndex& file) {
-  const auto [entry, isNew] = faces_.try_emplace(file, file.first, static_cast<unsigned>(file.second) & 0xFFFF);
-  if (isNew) opened_.push_back(&entry->second);
-  return &entry->second;
+  return &faces_.try_emplace(file, file.first, static_cast<unsigned>(file.second) & 0xFFFF).first->second;
 }
 
 FaceUse Faces::use(const Installed& installed, const text::Font& font) {

@@ -30,9 +30,6 @@ class Faces {
   // A face that has all of them; nil when there is none.
   FaceUse forCharacters(std::u32string_view characters, const text::Font& font);
 
-  // In the order in which they were opened.
-  const std::vector<Face*>& opened() const { return opened_; }
-
  private:
   using FileIndex = std::pair<std::string, int>;
   struct Installed {
@@ -45,7 +42,6 @@ class Faces {
   const std::vector<Installed>& substitutes(const text::Font& font, bool asPicture);
 
   std::map<FileIndex, Face> faces_;
-  std::vector<Face*> opened_;
   std::map<std::pair<std::string, int>, FaceUse> byFont_;
   std::map<int, std::vector<Installed>> substitutes_;
   std::unordered_map<uint64_t, FaceUse> byCharacter_;

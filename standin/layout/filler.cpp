@@ -8,15 +8,7 @@
 namespace standin::layout {
 namespace {
 
-// Rounding of widths must not break a line.
-constexpr double tolerance = 0.01;
-
-// The platform's line break modes, from the one on that keeps paragraphs in one line.
-enum LineBreakMode { byWord, byCharacter, clipping, truncatingHead, truncatingTail, truncatingMiddle };
-
-bool hasTab(const std::vector<Piece>& pieces) {
-  return std::any_of(pieces.begin(), pieces.end(), [](const Piece& piece) { return piece.kind == PieceKind::tab; });
-}
+bool isTab(const Piece& piece) { return piece.kind == PieceKind::tab; }
 
 }  // namespace
 
@@ -26,8 +18,6 @@ void Filler::begin(const Stretch& stretch, const text::Paragraph& paragraph, boo
   next_ = 0;
   cutter_.cut(stretch, isRightToLeft, pieces_);
 }
-
-bool Filler::keepsOneLine() const { return paragraph_->lineBreakMode >= clipping; }
 
 std::u16string_view Filler::units(const Piece& piece) const {
   return std::u16string_view(stretch_->units).substr(piece.start - stretch_->start, piece.length);
@@ -45,47 +35,28 @@ void Filler::breakPiece(FilledLine& line) {
     if (line.pieces.empty()) line.pieces.push_back(pieces_[next_++]);
     return;
   }
-  const double room = (limit_ - reached_ + tolerance) / (piece.look->size * piece.look->expansion);
+  const double room = (limit_ - reached_ + widthTolerance) / (piece.look->size * piece.look->expansion);
   const std::u16string_view text = units(piece);
   uint32_t count = unitsThatFit(*piece.word, text, room, piece.look->kern / piece.look->size);
   if (count == 0 && line.pieces.empty()) count = firstCharacter(*piece.word, text);
   if (count == 0) return;
   if (count == text.size()) return line.pieces.push_back(pieces_[next_++]);
-  line.pieces.push_back(cutter_.head(piece, text.substr(0, count)));
-  piece = cutter_.tail(piece, text.substr(count));
+  line.pieces.push_back(cutter_.head(piece, count));
+  piece = cutter_.tail(piece, piece.length - count);
 }
 
 // A line that ends with a soft hyphen has to have room for the hyphen.
 bool Filler::leavesRoom(const Piece& piece) {
-  return piece.kind != PieceKind::softHyphen || reached_ + cutter_.replacement(u"-", piece).width <= limit_ + tolerance;
+  return piece.kind != PieceKind::softHyphen || reached_ + cutter_.replacement(u"-", piece).width <= limit_ + widthTolerance;
 }
 
 void Filler::breakLine(FilledLine& line) {
   line.isBroken = true;
   if (keepsOneLine()) return truncate(line);
-  if (paragraph_->lineBreakMode == byCharacter || breakable_ == 0) return breakPiece(line);
+  if (paragraph_->lineBreakMode == breakingWords || breakable_ == 0) return breakPiece(line);
   rewind(line, breakable_);
   Piece& last = line.pieces.back();
   if (last.kind == PieceKind::softHyphen) last = cutter_.replacement(u"-", last);
-}
-
-// The rest of the line is not shown; in its place an ellipsis is, unless it is cut at the edge. The head and the middle are
-// kept, whatever the mode says.
-void Filler::truncate(FilledLine& line) {
-  if (paragraph_->lineBreakMode > clipping) {
-    const Piece ellipsis = cutter_.replacement(u"\u2026", pieces_[next_]);
-    limit_ -= ellipsis.width;
-    while (!line.pieces.empty() && reached_ > limit_) {
-      reached_ -= line.pieces.back().width;
-      rewind(line, line.pieces.size() - 1);
-    }
-    breakPiece(line);
-    line.pieces.push_back(ellipsis);
-  } else {
-    breakPiece(line);
-  }
-  while (next_ < pieces_.size() && pieces_[next_].kind != PieceKind::lineBreak) ++next_;
-  if (next_ < pieces_.size()) ++next_;
 }
 
 void Filler::fill(const LineBounds& bounds, FilledLine& line) {
@@ -94,12 +65,13 @@ void Filler::fill(const LineBounds& bounds, FilledLine& line) {
   indent_ = bounds.indent;
   limit_ = std::max(bounds.limit, indent_ + 1);
   breakable_ = 0;
+  isElided_ = false;
   Pen pen(*paragraph_, indent_);
   for (reached_ = indent_; next_ < pieces_.size();) {
     line.pieces.push_back(pieces_[next_]);
     pen.add(line.pieces, line.pieces.size() - 1, units(pieces_[next_]));
     const Piece& piece = line.pieces.back();
-    if (!isWhite(piece.kind) && pen.position() > limit_ + tolerance) {
+    if (!isWhite(piece.kind) && pen.position() > limit_ + widthTolerance) {
       line.pieces.pop_back();
       breakLine(line);
       break;
@@ -112,13 +84,21 @@ void Filler::fill(const LineBounds& bounds, FilledLine& line) {
   finish(line);
 }
 
+void Filler::settleTabs(std::vector<Piece>& pieces, size_t first, size_t end) {
+  if (std::none_of(pieces.begin() + static_cast<long>(first), pieces.begin() + static_cast<long>(end), isTab)) return;
+  Pen pen(*paragraph_, indent_);
+  for (size_t index = first; index < end; ++index) pen.add(pieces, index, units(pieces[index]));
+  pen.finish(pieces);
+}
+
 void Filler::finish(FilledLine& line) {
+  if (!isElided_) settleTabs(line.pieces, 0, line.pieces.size());
+  measure(line);
+}
+
+void Filler::measure(FilledLine& line) {
   std::vector<Piece>& pieces = line.pieces;
-  if (hasTab(pieces)) {
-    Pen pen(*paragraph_, indent_);
-    for (size_t index = 0; index < pieces.size(); ++index) pen.add(pieces, index, units(pieces[index]));
-    pen.finish(pieces);
-  }
+  line.width = line.whiteWidth = 0;
   auto last = pieces.end();
   for (; last != pieces.begin() && isWhite((last - 1)->kind); --last) line.whiteWidth += (last - 1)->width;
   for (auto piece = pieces.begin(); piece != last; ++piece) line.width += piece->width;

@@ -12,6 +12,12 @@ struct LineBounds {
   double indent, limit;
 };
 
+// The platform's numbers; 0 breaks between words. Clipping and what follows it keep a paragraph in one line.
+enum LineBreakMode { breakingWords = 1, clipping, truncatingHead, truncatingTail, truncatingMiddle };
+
+// Rounding of widths must not break a line.
+inline constexpr double widthTolerance = 0.01;
+
 struct FilledLine {
   std::vector<Piece> pieces;  // in the order of the text, the white space at the end included
   double width = 0;           // without the white space at the end
@@ -28,8 +34,12 @@ class Filler {
   bool isAtEnd() const { return next_ == pieces_.size(); }
   // The paragraph has one line up to each line break; what does not fit is not shown.
   bool keepsOneLine() const;
+  // Such a line shows its end, too, when it is cut short.
+  bool showsEnd() const;
   // At least one piece goes into the line, however narrow it is.
   void fill(const LineBounds& bounds, FilledLine& line);
+  // Adds the end of the line that was filled last, which its own stretch did not have. This stretch has it, before `end`.
+  void addEnd(const Stretch& stretch, bool isRightToLeft, uint32_t end, FilledLine& line);
   // Of the piece that comes next.
   uint32_t position() const { return pieces_[next_].start; }
 
@@ -38,7 +48,13 @@ class Filler {
   void breakLine(FilledLine& line);
   void breakPiece(FilledLine& line);
   void truncate(FilledLine& line);
+  void elide(FilledLine& line, size_t end);
+  void keep(FilledLine& line, double limit);
+  void addEnd(FilledLine& line, size_t end);
+  void settleTabs(std::vector<Piece>& pieces, size_t first, size_t end);
+  size_t endOfLine() const;
   void finish(FilledLine& line);
+  void measure(FilledLine& line);
   void rewind(FilledLine& line, size_t count);
   std::u16string_view units(const Piece& piece) const;
 
@@ -49,7 +65,8 @@ class Filler {
   size_t next_ = 0;
   // Of the line being filled.
   double indent_ = 0, limit_ = 0, reached_ = 0;
-  size_t breakable_ = 0;  // the pieces up to the last place where it may end
+  bool isElided_ = false;  // an ellipsis stands for a part of it
+  size_t breakable_ = 0;   // the pieces up to the last place where it may end
 };
 
 }  // namespace standin::layout

@@ -20,6 +20,7 @@ struct Shaper::Part {
   uint32_t start, end;
   FaceUse use;
   UScriptCode script;
+  bool isMarks;  // of the character before, which the face does not have
 };
 
 namespace {
@@ -96,6 +97,12 @@ void addSegmentProperties(hb_buffer_t* buffer, UScriptCode script, bool isRightT
   hb_buffer_set_language(buffer, hb_language_get_default());
 }
 
+// A joiner on the side of what is in the buffer that `offset` says, not in it: 1 before, 0 behind.
+void addContext(hb_buffer_t* buffer, unsigned offset) {
+  constexpr uint16_t joiner = 0x200D;
+  hb_buffer_add_utf16(buffer, &joiner, 1, offset, 0);
+}
+
 std::vector<hb_feature_t> featuresFor(int ligatures) {
   constexpr hb_tag_t usual[] = {HB_TAG('l', 'i', 'g', 'a'), HB_TAG('c', 'l', 'i', 'g')};
   std::vector<hb_feature_t> features;
@@ -108,16 +115,65 @@ std::vector<hb_feature_t> featuresFor(int ligatures) {
   return features;
 }
 
+// As a share of the size.
+double widthOfLastCharacter(const GlyphRun& run) {
+  const Glyph* last = nullptr;
+  for (const Glyph& glyph : run.glyphs) {
+    if (glyph.advance != 0 && (last == nullptr || glyph.unit >= last->unit)) last = &glyph;
+  }
+  return last != nullptr ? last->advance / run.use.face->unitsPerEm() : 0;
+}
+
+// The middle of each mark goes to the middle of the base, which is so many units of the marks' face wide.
+void placeMarks(GlyphRun& run, double baseWidth, bool isRightToLeft) {
+  for (Glyph& glyph : run.glyphs) {
+    hb_glyph_extents_t extents;
+    if (!hb_font_get_glyph_extents(run.use.face->font(), glyph.id, &extents)) continue;
+    const double middle = extents.x_bearing + extents.width / 2.0;
+    glyph.offsetX = static_cast<int>(std::lround((isRightToLeft ? baseWidth : -baseWidth) / 2 - middle));
+    glyph.advance = 0;
+  }
+}
+
+// Whether the nearest character but marks that `next` answers, until it answers none, joins towards the side.
+template <class Next>
+bool joinsTowards(UJoiningType side, Next&& next) {
+  for (UChar32 character; (character = next()) != U_SENTINEL;) {
+    const int32_t type = u_getIntPropertyValue(character, UCHAR_JOINING_TYPE);
+    if (type != U_JT_TRANSPARENT) return type == side || type == U_JT_DUAL_JOINING || type == U_JT_JOIN_CAUSING;
+  }
+  return false;
+}
+
 }  // namespace
+
+Joins joinsAround(std::u16string_view text, uint32_t from, uint32_t end) {
+  Joins joins;
+  if (from > 0 && text[from] >= firstJoining && text[from - 1] >= firstJoining) {
+    joins.before = joinsTowards(U_JT_LEFT_JOINING, [&, at = from]() mutable -> UChar32 {
+      UChar32 character = U_SENTINEL;
+      if (at > 0) U16_PREV(text.data(), 0, at, character);
+      return character;
+    });
+  }
+  if (end < text.size() && text[end - 1] >= firstJoining && text[end] >= firstJoining) {
+    joins.after = joinsTowards(U_JT_RIGHT_JOINING, [&, at = end]() mutable -> UChar32 {
+      UChar32 character = U_SENTINEL;
+      if (at < text.size()) U16_NEXT(text.data(), at, static_cast<uint32_t>(text.size()), character);
+      return character;
+    });
+  }
+  return joins;
+}
 
 Shaper::Shaper(Faces& faces) : faces_(faces), buffer_(hb_buffer_create()) {}
 Shaper::~Shaper() { hb_buffer_destroy(buffer_); }
 
-const Word& Shaper::word(std::u16string_view units, const FontChoice& choice, bool isRightToLeft) {
-  const KeyView key(units, choice.number * 2 + (isRightToLeft ? 1 : 0));
+const Word& Shaper::word(std::u16string_view units, const FontChoice& choice, bool isRightToLeft, Joins joins) {
+  const KeyView key(units, choice.number * 8 + (isRightToLeft ? 1 : 0) + (joins.before ? 2 : 0) + (joins.after ? 4 : 0));
   if (const auto found = words_.find(key); found != words_.end()) return found->second;
   unitsHeld_ += units.size() + 8;
-  return words_.emplace(Key{std::u16string(units), key.tag}, shaped(units, choice, isRightToLeft)).first->second;
+  return words_.emplace(Key{std::u16string(units), key.tag}, shaped(units, choice, isRightToLeft, joins)).first->second;
 }
 
 void Shaper::forget() {
@@ -144,10 +200,10 @@ FaceUse Shaper::faceOf(std::u16string_view cluster, const FontChoice& choice, bo
 
 std::vector<Shaper::Part> Shaper::partsOf(std::u16string_view units, const FontChoice& choice) {
   std::vector<Part> parts;
-  const auto add = [&](uint32_t start, uint32_t end, const FaceUse& use, UScriptCode script) {
-    const bool joins = !parts.empty() && parts.back().use == use &&
+  const auto add = [&](uint32_t start, uint32_t end, const FaceUse& use, UScriptCode script, bool isMark) {
+    const bool joins = !parts.empty() && parts.back().use == use && parts.back().isMarks == isMark &&
                        (script == parts.back().script || script == USCRIPT_COMMON || parts.back().script == USCRIPT_COMMON);
-    if (!joins) parts.push_back({start, start, use, USCRIPT_COMMON});
+    if (!joins) parts.push_back({start, start, use, USCRIPT_COMMON, isMark});
     parts.back().end = end;
     if (script != USCRIPT_COMMON) parts.back().script = script;
   };
@@ -158,19 +214,22 @@ std::vector<Shaper::Part> Shaper::partsOf(std::u16string_view units, const FontC
     for (uint32_t next; at < end; at = next) {
       const UChar32 character = characterAt(units, at);
       next = at + unitsOf(character);
-      const bool isAlone = lacksMarks && isMark(character);
-      add(at, next, isAlone ? faces_.forCharacter(static_cast<char32_t>(character), choice.font, false) : use,
-          scriptOf(character));
+      const FaceUse own =
+          lacksMarks && isMark(character) ? faces_.forCharacter(static_cast<char32_t>(character), choice.font, false) : use;
+      add(at, next, own, scriptOf(character), !(own == use));
     }
   }
   return parts;
 }
 
-GlyphRun Shaper::shapedRun(std::u16string_view units, const Part& part, const FontChoice& choice, bool isRightToLeft) {
+GlyphRun Shaper::shapedRun(std::u16string_view units, const Part& part, const FontChoice& choice, bool isRightToLeft,
+                           Joins joins) {
   hb_buffer_clear_contents(buffer_);
   hb_buffer_set_cluster_level(buffer_, HB_BUFFER_CLUSTER_LEVEL_MONOTONE_CHARACTERS);
+  if (joins.before && part.start == 0) addContext(buffer_, 1);
   hb_buffer_add_utf16(buffer_, reinterpret_cast<const uint16_t*>(units.data()), static_cast<int>(units.size()), part.start,
                       static_cast<int>(part.end - part.start));
+  if (joins.after && part.end == units.size()) addContext(buffer_, 0);
   addSegmentProperties(buffer_, part.script, isRightToLeft);
   const std::vector<hb_feature_t> features = featuresFor(choice.ligatures);
   hb_shape(part.use.face->font(), buffer_, features.data(), static_cast<unsigned>(features.size()));
@@ -186,11 +245,14 @@ GlyphRun Shaper::shapedRun(std::u16string_view units, const Part& part, const Fo
   return run;
 }
 
-Word Shaper::shaped(std::u16string_view units, const FontChoice& choice, bool isRightToLeft) {
+Word Shaper::shaped(std::u16string_view units, const FontChoice& choice, bool isRightToLeft, Joins joins) {
   Word word;
   word.isRightToLeft = isRightToLeft;
+  double baseWidth = 0;  // of the last character that is no mark
   for (const Part& part : partsOf(units, choice)) {
-    GlyphRun run = shapedRun(units, part, choice, isRightToLeft);
+    GlyphRun run = shapedRun(units, part, choice, isRightToLeft, joins);
+    if (part.isMarks) placeMarks(run, baseWidth * part.use.face->unitsPerEm(), isRightToLeft);
+    if (!part.isMarks) baseWidth = widthOfLastCharacter(run);
     noteTexts(run, units);
     const FaceMeasures& measures = part.use.face->measures();
     word.ascent = std::max(word.ascent, measures.ascent);

@@ -17,6 +17,14 @@ struct FontChoice {
   int ligatures;  // 0 none, 1 the usual ones, 2 all
 };
 
+// Whether letters join beyond the edges of what is shaped: a word that changes its style stays one word to the eye.
+struct Joins {
+  bool before = false, after = false;
+};
+// For units `from` to `end` of the text. Below `firstJoining` no letter joins another.
+inline constexpr char16_t firstJoining = 0x600;
+Joins joinsAround(std::u16string_view text, uint32_t from, uint32_t end);
+
 class Shaper {
  public:
   explicit Shaper(Faces& faces);
@@ -25,14 +33,14 @@ class Shaper {
   Shaper& operator=(const Shaper&) = delete;
 
   // Valid until words are forgotten.
-  const Word& word(std::u16string_view units, const FontChoice& choice, bool isRightToLeft);
+  const Word& word(std::u16string_view units, const FontChoice& choice, bool isRightToLeft, Joins joins = {});
   // Gives memory back when there are many words; none may be in use.
   void forget();
 
  private:
   struct Key {
     std::u16string units;
-    uint32_t tag;  // font and direction
+    uint32_t tag;  // font, direction and joins
   };
   struct KeyView {
     std::u16string_view units;
@@ -53,10 +61,10 @@ class Shaper {
   };
   struct Part;
 
-  Word shaped(std::u16string_view units, const FontChoice& choice, bool isRightToLeft);
+  Word shaped(std::u16string_view units, const FontChoice& choice, bool isRightToLeft, Joins joins);
   std::vector<Part> partsOf(std::u16string_view units, const FontChoice& choice);
   FaceUse faceOf(std::u16string_view cluster, const FontChoice& choice, bool& lacksMarks);
-  GlyphRun shapedRun(std::u16string_view units, const Part& part, const FontChoice& choice, bool isRightToLeft);
+  GlyphRun shapedRun(std::u16string_view units, const Part& part, const FontChoice& choice, bool isRightToLeft, Joins joins);
 
   Faces& faces_;
   hb_buffer_t* buffer_;

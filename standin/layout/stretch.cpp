@@ -53,6 +53,7 @@ void StretchReader::readRuns(Stretch& stretch) {
   stretch.runs.clear();
   stretch.last = &noStyle();
   const auto& runs = styled_.runs;
+  while (runStart_ > stretch.start) runStart_ -= runs[--run_].length;
   while (run_ < runs.size() && runStart_ + runs[run_].length <= stretch.start) runStart_ += runs[run_++].length;
   // The unit behind the stretch counts: it is what ends the paragraph.
   uint32_t start = runStart_;

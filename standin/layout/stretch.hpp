@@ -26,16 +26,15 @@ struct Stretch {
   uint32_t end() const { return start + static_cast<uint32_t>(units.size()); }
 };
 
-// Reads stretches from anywhere onwards.
+// Reads stretches, from anywhere.
 class StretchReader {
  public:
   // The most units of a stretch. Lines are far shorter.
   static constexpr uint32_t mostUnits = 1 << 15;
 
   explicit StretchReader(const formats::StyledRuns& styled) : styled_(styled) {}
-  // Fills the stretch from the position on, which must not lie before the last one since the last rewinding.
+  // Fills the stretch from the position on; the nearer it is to the last one, the faster.
   void read(uint32_t from, Stretch& stretch);
-  void rewind() { run_ = 0, runStart_ = 0; }
   uint32_t size() const { return styled_.text.size(); }
 
  private:

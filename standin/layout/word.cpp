@@ -47,6 +47,18 @@ uint32_t unitsThatFit(const Word& word, std::u16string_view units, double width,
   return static_cast<uint32_t>(units.size());
 }
 
+uint32_t unitsThatFitAtEnd(const Word& word, std::u16string_view units, double width, double spacing) {
+  const std::vector<double> advances = advancesOf(word, units, spacing);
+  uint32_t fitting = 0;
+  double reached = 0;
+  for (auto at = static_cast<uint32_t>(units.size()); at > 0 && reached <= width;) {
+    reached += advances[--at];
+    const bool isPlace = at == 0 || isPlaceToCut(units, advances, at);
+    if (isPlace && reached <= width) fitting = static_cast<uint32_t>(units.size()) - at;
+  }
+  return fitting;
+}
+
 uint32_t firstCharacter(const Word& word, std::u16string_view units) {
   const std::vector<double> advances = advancesOf(word, units, 0);
   for (uint32_t at = 1; at < units.size(); ++at) {

@@ -38,6 +38,8 @@ struct Word {
 // The longest start of the word, in whole characters with their marks, that is not wider. `units` is the word's text,
 // `spacing` follows each spaced glyph. Answers the number of units; 0 when not even the first character fits.
 uint32_t unitsThatFit(const Word& word, std::u16string_view units, double width, double spacing);
+// The same for the longest end of the word.
+uint32_t unitsThatFitAtEnd(const Word& word, std::u16string_view units, double width, double spacing);
 // The units of the first character with its marks.
 uint32_t firstCharacter(const Word& word, std::u16string_view units);
 

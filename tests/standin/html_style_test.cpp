@@ -219,11 +219,91 @@ TEST(HtmlStyle, MatchesSelectors) {
       {"p >", false},
       {"div>p", true},
       {"> p", false},
+      {".first ~ ul ~ p", false},
+      {".first + p + ul li", false},
+      {"div .first ~ p", true},
+      {"div > .first + #me", true},
+      {"#main p ~ p", true},
+      {"div:not(.c1) p", false},
+      {"[id].c2 > p", true},
+      {".nothing p, body div:first-child > p", true},
+      {"p:nth-last-of-type(2)", true},
+      {"p:only-child", false},
+      {"html > p", false},
   };
   for (const auto& [selector, matches] : rows) {
     const std::string html = "<style>" + std::string(selector) + " { color: red }</style>" + body;
     EXPECT_EQ(styleOfX(html).foreground.has_value(), matches) << selector;
   }
+}
+
+// Hostile sheets are obeyed all the same: the look of the last "x", far behind what would take a slow reader beyond its
+// bounds.
+TEST(HtmlStyle, ObeysHostileSheets) {
+  const auto repeated = [](const std::string& text, int count) {
+    std::string all;
+    for (int number = 0; number < count; ++number) all += text;
+    return all;
+  };
+  const auto numbered = [](const std::string& before, const std::string& behind, int count) {
+    std::string all;
+    for (int number = 0; number < count; ++number) all += before + std::to_string(number) + behind;
+    return all;
+  };
+  const std::string paragraphs = repeated("<p>y</p>", 20'000), deep = repeated("<div>", 400);
+  const std::string classRules = numbered(".c", "{color:red}", 2'000), manyClasses = numbered("c", " ", 50'000);
+  const struct {
+    const char* what;
+    std::string rules, body;
+  } rows[] = {
+      {"class lists", classRules + ".z{color:blue}",
+       repeated("<p class='" + numbered("c", " ", 2'000) + "'>y</p>", 50) + "<p class='" + manyClasses + " z'>x"},
+      {"copies of long class lists", classRules + "p.z{color:blue}",
+       "<b class='" + manyClasses + "'>" + repeated("<p>y", 5'000) + "</b><p class=z>x"},
+      {"universal rules", repeated("*{color:red}", 20'000) + "*{color:blue}", paragraphs + "<p>x"},
+      {"rules with ancestors", numbered(".a .b .c", " p{color:red}", 2'000) + ".a p{color:blue}",
+       paragraphs + "<div class=a><p>x"},
+      {"siblings", ".f ~ p{color:blue} .n ~ p{color:red} " + repeated("p ~ ", 20) + "p.n{color:red}",
+       "<p class=f>y</p>" + paragraphs + "<p>x"},
+      {"neighbours", repeated("p + ", 20) + "p{color:blue}", paragraphs + "<p>x"},
+      {"places", "p:nth-child(20001){color:blue} p:nth-last-of-type(n+2){color:red}", paragraphs + "<p>x"},
+      {"deep ancestors", ".n " + repeated("div ", 20) + "p{color:red} " + repeated("div ", 22) + "p{color:blue}",
+       deep + paragraphs + "<p>x"},
+      {"deep children", ":root > body > " + repeated("div > ", 20) + "p{color:red} div > p{color:blue}",
+       deep + paragraphs + "<p>x"},
+      {"blocks", repeated("@media screen{p{color:red}}", 10'000) + "p{color:blue}", paragraphs + "<p>x"},
+      {"attributes", numbered("[a", "]{color:red}", 10'000) + "[b]{color:blue}", repeated("<p a1>y</p>", 5'000) + "<p b>x"},
+      {"values of attributes", "[title*='" + repeated("a", 50'000) + "b']{color:red} p{color:blue}",
+       "<b title='" + repeated("a", 100'000) + "'>" + repeated("<p>y", 500) + "</b><p>x"},
+      {"copies of many attributes", "p{color:blue}",
+       "<b " + numbered("a", " ", 999) + ">" + repeated("<p>y", 20'000) + "</b><p>x"},
+      {"names", numbered("n", "{color:red}", 20'000) + "m{color:blue}", numbered("<n", ">y</n>", 2'000) + "<m>x"},
+      {"long families", "body{font-family:" + repeated("a", 50'000) + "} p{color:blue}",
+       numbered("<p style='margin-left:", "px'>y", 5'000) + "<p>x"},
+      {"tab stops", "body{tab-stops:" + numbered(" ", "pt", 20'000) + "} p{color:blue}",
+       numbered("<p style='margin-left:", "px'>y", 5'000) + "<p>x"},
+  };
+  for (const auto& [what, rules, body] : rows) {
+    const Document document = documentOf("<style>" + rules + "</style>" + body);
+    const Style style = styleAt(document, document.text.rfind(u'x'));
+    EXPECT_EQ(colorText(style.foreground), "0000ff") << what;
+    EXPECT_LE(style.paragraph.tabs.value_or(std::vector<standin::text::TabStop>()).size(), 64U) << what;
+  }
+}
+
+// What is left out once a document asks for more than its size allows is the document's, never the reader's own.
+TEST(HtmlStyle, KeepsBlocksApartWhenTheSheetIsTooMuch) {
+  std::string html = "<style>*{", expected;
+  for (int number = 0; number < 50'000; ++number) html += "color:red;";
+  html += "}</style>";
+  for (int number = 0; number < 2'000; ++number) {
+    html += "<p style='margin-left:" + std::to_string(number) + "px'>a</p>";
+    expected += expected.empty() ? "a" : "\na";
+  }
+  const Document document = documentOf(html);
+  EXPECT_EQ(utf8Of(document.text), expected);
+  EXPECT_EQ(styleAt(document, 20).paragraph.headIndent, 10);
+  EXPECT_EQ(styleAt(document, document.text.size() - 1).paragraph.headIndent, 0);
 }
 
 TEST(HtmlStyle, DecidesBetweenRules) {

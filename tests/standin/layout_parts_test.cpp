@@ -156,6 +156,29 @@ TEST(Words, HaveAllTheirMarks) {
   }
 }
 
+TEST(Words, HaveMarksOfOtherFacesInTheMiddleOfTheirBases) {
+  for (const bool isRightToLeft : {false, true}) {
+    Faces faces;
+    Shaper shaper(faces);
+    const text::Font font = *text::fontNamed("Helvetica", 10);
+    const FontChoice choice{0, font, faces.forFont(font), 1};
+    const double base = shaper.word(u"\u65E5", choice, isRightToLeft).width;
+    const Word& word = shaper.word(u"\u65E5\u20D7\u0361", choice, isRightToLeft);
+    ASSERT_GT(word.runs.size(), 1u);
+    EXPECT_NEAR(word.width, base, 1e-6);
+    for (const GlyphRun& run : word.runs) {
+      if (run.start == 0) continue;
+      const double em = run.use.face->unitsPerEm(), origin = isRightToLeft ? 0 : base;
+      for (const Glyph& glyph : run.glyphs) {
+        hb_glyph_extents_t extents;
+        ASSERT_TRUE(hb_font_get_glyph_extents(run.use.face->font(), glyph.id, &extents));
+        const double middle = origin + (glyph.offsetX + extents.x_bearing + extents.width / 2.0) / em;
+        EXPECT_NEAR(middle, base / 2, 0.01) << isRightToLeft;
+      }
+    }
+  }
+}
+
 TEST(Faces, StandForTheFontsThatDocumentsName) {
   const std::pair<const char*, const char*> rows[] = {
       {"Helvetica", "NimbusSans-Regular"},           {"Helvetica-Bold", "NimbusSans-Bold"},

@@ -24,7 +24,8 @@ struct Span {
   double x, width;
 };
 struct Laid {
-  std::u16string text;  // as it is shown, from left to right by piece
+  std::u16string text;   // that the pieces stand for, from left to right
+  std::u16string shown;  // the same with an ellipsis where one is drawn
   std::vector<Span> pieces;
   double top, height, baseline;
   bool endsPage;
@@ -33,12 +34,13 @@ struct Laid {
 // Takes every line, and keeps where everything is.
 class Collector : public LineTaker {
  public:
-  explicit Collector(std::u16string_view text) : text_(text) {}
+  explicit Collector(std::u16string_view text, Shaper* shaper = nullptr) : text_(text), shaper_(shaper) {}
   bool take(const Line& line) override {
-    Laid laid{{}, {}, y_ + line.spaceBefore, line.height, line.baseline, line.endsPage};
+    Laid laid{{}, {}, {}, y_ + line.spaceBefore, line.height, line.baseline, line.endsPage};
     for (const Piece& piece : line.pieces) {
       laid.pieces.push_back({std::u16string(text_.substr(piece.start, piece.length)), piece.x, piece.width});
       laid.text += laid.pieces.back().text;
+      laid.shown += isEllipsis(piece) ? u"\u2026" : laid.pieces.back().text;
     }
     y_ += line.spaceBefore + line.height + line.spaceAfter;
     lines.push_back(std::move(laid));
@@ -47,7 +49,13 @@ class Collector : public LineTaker {
   std::vector<Laid> lines;
 
  private:
+  bool isEllipsis(const Piece& piece) {
+    const bool isRightToLeft = (piece.level & 1) != 0;
+    return shaper_ != nullptr && piece.word == &shaper_->word(u"\u2026", *piece.look->choice, isRightToLeft);
+  }
+
   std::u16string_view text_;
+  Shaper* shaper_;
   double y_ = 0;
 };
 
@@ -63,8 +71,9 @@ bool nothingIsPicture(const text::Attachment&) { return false; }
 std::vector<Laid> laidOut(std::u16string_view text, const Style& style, double width = 60) {
   const StyledRuns styled{text::Text::utf16(text), {{static_cast<uint32_t>(text.size()), &style}}};
   Faces faces;
-  Collector collector(text);
-  Column(styled, faces, width, 500, nothingIsPicture).layOut(collector);
+  Column column(styled, faces, width, 500, nothingIsPicture);
+  Collector collector(text, &column.shaper());
+  column.layOut(collector);
   return std::move(collector.lines);
 }
 
@@ -113,16 +122,55 @@ TEST(Layout, BreaksByModeAndKeepsOneLineWhenAsked) {
     style.paragraph.lineBreakMode = row.mode;
     EXPECT_EQ(linesOf(u"one two three four", style), row.lines) << row.mode;
   }
-  // The last piece of a truncated line is an ellipsis, in the place of what it stands for.
-  style.paragraph.lineBreakMode = 4;
-  const auto lines = laidOut(u"one two three four", style);
-  ASSERT_EQ(lines.size(), 1u);
-  EXPECT_LE(lines[0].pieces.back().x + lines[0].pieces.back().width, 60.01);
-  EXPECT_TRUE(lines[0].text.starts_with(u"one two t"));
+}
+
+TEST(Layout, ShowsAnEllipsisForWhatALineHasNoRoomFor) {
+  enum { head = 3, tail, middle };
+  const struct {
+    int mode;
+    std::u16string text, shown;
+  } rows[] = {
+      {head, u"one two three four", u"\u2026hree four"},
+      {tail, u"one two three four", u"one two t\u2026"},
+      {middle, u"one two three four", u"one \u2026 four"},
+      {head, u"ends there", u"ends there"},
+      {middle, u"ends there  ", u"ends there  "},
+      {head, u"one two three four  \u2028next", u"\u2026hree four"},
+      {middle, u"unbreakablelongword", u"unbr\u2026gword"},
+      {head, u"unbreakablelonge\u0301e\u0301", u"\u2026blelonge\u0301e\u0301"},
+      {head, u"some words\tab", u"\u2026rds\tab"},
+      {middle, u"ab\tcd words", u"ab\u2026d words"},
+      {head, u"\u05D0\u05D1\u05D2\u05D3\u05D4 \u05D5\u05D6\u05D7\u05D8 \u05D9\u05DB",
+       u"\u05D9\u05DB \u05D5\u05D6\u05D7\u05D8 \u05D3\u05D4\u2026"},
+  };
+  for (const auto& row : rows) {
+    Style style = fixedPitch();
+    style.paragraph.lineBreakMode = row.mode;
+    const Laid line = laidOut(row.text, style).front();
+    EXPECT_EQ(line.shown, row.shown) << row.mode;
+    const bool hangs = row.shown.ends_with(u' ');
+    EXPECT_TRUE(hangs || line.pieces.back().x + line.pieces.back().width <= 60.01) << row.mode;
+  }
+}
+
+TEST(Layout, ShowsTheEndOfALineThatIsCutShortHoweverLongItIs) {
+  for (const size_t length : {100u, 32'760u, 32'768u, 49'150u, 49'152u, 200'000u}) {
+    for (const auto& [mode, shown] : {std::pair{3, u"\u2026xxxx last"}, {5, u"star\u2026 last"}}) {
+      Style style = fixedPitch();
+      style.paragraph.lineBreakMode = mode;
+      for (const std::u16string_view behind : {u"", u"\u2028second", u"\nsecond"}) {
+        const std::u16string text = u"start " + std::u16string(length, u'x') + u" last" + std::u16string(behind);
+        const auto lines = laidOut(text, style);
+        ASSERT_EQ(lines.size(), behind.empty() ? 1u : 2u) << length;
+        EXPECT_EQ(lines[0].shown, shown) << length;
+        EXPECT_TRUE(behind.empty() || lines[1].text == u"second") << length;
+      }
+    }
+  }
 }
 
 TEST(Layout, KeepsOneLineHoweverLongTheTextIs) {
-  for (const int mode : {2, 4}) {
+  for (const int mode : {2, 3, 4, 5}) {
     Style style = fixedPitch();
     style.paragraph.lineBreakMode = mode;
     for (const size_t length : {100u, 32'760u, 32'768u, 40'000u, 100'000u}) {
@@ -367,6 +415,44 @@ TEST(Layout, ShapesAWordThatChangesItsStyle) {
   ASSERT_EQ(collector.lines.size(), 2u);
   EXPECT_EQ(collector.lines[0].text, u"half half-");
   EXPECT_EQ(collector.lines[1].text, u"half");
+}
+
+// Takes the glyphs of all lines, from left to right.
+class GlyphCollector : public LineTaker {
+ public:
+  bool take(const Line& line) override {
+    for (const Piece& piece : line.pieces) {
+      for (const GlyphRun& run : piece.word->runs) {
+        for (const Glyph& glyph : run.glyphs) glyphs.push_back(glyph.id);
+      }
+    }
+    return true;
+  }
+  std::vector<uint32_t> glyphs;
+};
+
+TEST(Layout, JoinsLettersOfAWordThatChangesItsStyle) {
+  const Style plain = fixedPitch();
+  Style red = fixedPitch();
+  red.foreground = text::Color{text::ColorSpace::deviceRGB, {1, 0, 0}};
+  const auto glyphsOf = [&](std::u16string_view word, uint32_t change, double width) {
+    const auto size = static_cast<uint32_t>(word.size());
+    const StyledRuns styled{text::Text::utf16(word), {{change, &plain}, {size - change, &red}}};
+    Faces faces;
+    GlyphCollector collector;
+    Column(styled, faces, width, 500, nothingIsPicture).layOut(collector);
+    return collector.glyphs;
+  };
+  for (const std::u16string_view word :
+       {u"\u0628\u0628\u0628", u"\u0627\u0628\u062F\u0628", u"\u0628\u0651\u0628\u0650\u0628", u"abc", u"\u0628\u0640\u0628",
+        u"\u0628\u200C\u0628", u"\u0646\u0635 \u062D\u0631"}) {
+    const auto whole = glyphsOf(word, static_cast<uint32_t>(word.size()), 500);
+    for (uint32_t change = 1; change < word.size(); ++change) {
+      const bool dividesMark = word[change] == u'\u0651' || word[change] == u'\u0650';
+      if (dividesMark) continue;
+      EXPECT_EQ(glyphsOf(word, change, 500), whole) << testing::PrintToString(word) << change;
+    }
+  }
 }
 
 }  // namespace

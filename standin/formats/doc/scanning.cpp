@@ -2,23 +2,13 @@
 #include "standin/formats/doc/scanning.hpp"
 
 #include <algorithm>
-#include <iterator>
+
+#include "standin/formats/scripts.hpp"
 
 namespace standin::formats::doc {
 namespace {
 
 constexpr char16_t firstBeyondASCII = 0x80;
-
-Script scriptBeyondASCII(char16_t unit) {
-  struct Range {
-    char16_t first, last;
-  };
-  constexpr Range eastAsian[] = {{0x1100, 0x11FF}, {0x2E80, 0xA4CF}, {0xAC00, 0xD7FF}, {0xD840, 0xD87F},
-                                 {0xF900, 0xFAFF}, {0xFE30, 0xFE4F}, {0xFF00, 0xFFEF}};
-  const bool isEastAsian = std::any_of(std::begin(eastAsian), std::end(eastAsian),
-                                       [&](const Range& range) { return unit >= range.first && unit <= range.last; });
-  return isEastAsian ? Script::eastAsian : Script::other;
-}
 
 // The second half of a character belongs to whatever the first does.
 bool belongsTo(Script script, char16_t unit) { return scriptOf(unit) == script || (unit & 0xFC00) == 0xDC00; }
@@ -28,7 +18,9 @@ constexpr ptrdiff_t block = 16;
 
 }  // namespace
 
-Script scriptOf(char16_t unit) { return unit < firstBeyondASCII ? Script::ascii : scriptBeyondASCII(unit); }
+Script scriptOf(char16_t unit) {
+  return unit < firstBeyondASCII ? Script::ascii : isAsian(unit) ? Script::eastAsian : Script::other;
+}
 
 const char16_t* findSpecial(const char16_t* units, const char16_t* end) {
   constexpr char16_t bitsOfPrintable = 0xFFE0;

@@ -3,12 +3,9 @@
 
 #include <span>
 
-namespace standin::formats::doc {
+#include "standin/formats/scripts.hpp"
 
-// Hebrew, Arabic, Syriac, Thaana and their neighbours, and the forms of their letters.
-constexpr bool isRightToLeft(char16_t unit) {
-  return unit >= 0x590 && (unit < 0x900 || (unit >= 0xFB1D && unit < 0xFE00) || (unit >= 0xFE70 && unit < 0xFEFF));
-}
+namespace standin::formats::doc {
 
 // A letter after which text runs from left to right; digits, spaces and punctuation do not decide.
 constexpr bool isLeftToRightLetter(char16_t unit) {
