@@ -7,6 +7,19 @@
 #include "standin/text/style_hash.hpp"
 
 namespace standin::formats {
+namespace {
+
+// With its place in the index, thrice in a vector that grows, and once more for its attachment.
+size_t costOf(const text::Style& style) {
+  constexpr size_t index = 64, strings = 128, picture = 384;
+  const size_t fontNames = style.font ? style.font->family.size() + style.font->name.size() : 0;
+  const size_t tabs = style.paragraph.tabs ? style.paragraph.tabs->size() * sizeof(text::TabStop) : 0;
+  return 3 * sizeof style + index + strings + fontNames + tabs + style.link.size() * sizeof(char16_t) +
+         (style.attachment != nullptr ? picture : 0);
+}
+
+}  // namespace
+
 uint32_t DocumentBuilder::intern(const text::Style& style) {
   const size_t hash = text::hashOf(style);
   const auto [first, last] = indices_.equal_range(hash);
@@ -16,6 +29,7 @@ uint32_t DocumentBuilder::intern(const text::Style& style) {
   const auto index = static_cast<uint32_t>(document.styles.size());
   document.styles.push_back(style);
   indices_.emplace(hash, index);
+  styleBytes_ += costOf(style);
   return index;
 }
 
@@ -39,6 +53,10 @@ void DocumentBuilder::appendUTF8(std::string_view text, uint32_t style) {
   const size_t before = document.text.size();
   appendUnits(document.text, text);
   extend(static_cast<uint32_t>(document.text.size() - before), style);
+}
+
+size_t DocumentBuilder::cost() const {
+  return 3 * (document.text.size() * sizeof(char16_t) + document.runs.size() * sizeof(DocumentRun)) + styleBytes_;
 }
 
 void DocumentBuilder::removeLast(size_t units) {

@@ -26,6 +26,9 @@ class DocumentBuilder {
   const std::u16string& text() const { return document.text; }
   const text::Style& style(uint32_t index) const { return document.styles[index]; }
 
+  // Bytes that it takes at most, also while it grows.
+  size_t cost() const;
+
   // The information is the reader's to fill.
   Document document;
 
@@ -33,6 +36,7 @@ class DocumentBuilder {
   void extend(uint32_t length, uint32_t style);
 
   std::unordered_multimap<size_t, uint32_t> indices_;  // by hash
+  size_t styleBytes_ = 0;                              // of all styles
 };
 
 }  // namespace standin::formats

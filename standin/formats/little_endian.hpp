@@ -2,8 +2,10 @@
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <concepts>
 #include <cstdint>
+#include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
@@ -43,9 +45,22 @@ class Bytes {
   template <std::integral Number>
   Number number(size_t position) const {
     if (position > size() || size() - position < sizeof(Number)) return 0;
-    uint64_t number = 0;
-    for (size_t byte = 0; byte < sizeof(Number); ++byte) number |= uint64_t{bytes_[position + byte]} << (8 * byte);
-    return static_cast<Number>(number);
+    Number number;
+    copy(position, &number, 1);
+    return number;
+  }
+  // So many numbers one behind the other, which must all be there.
+  template <std::integral Number>
+  void copy(size_t position, Number* out, size_t count) const {
+    if constexpr (std::endian::native == std::endian::little) {
+      std::memcpy(out, bytes_.data() + position, count * sizeof(Number));
+    } else {
+      for (const uint8_t* from = bytes_.data() + position; count > 0; --count, ++out) {
+        uint64_t number = 0;
+        for (size_t byte = 0; byte < sizeof(Number); ++byte) number |= uint64_t{*from++} << (8 * byte);
+        *out = static_cast<Number>(number);
+      }
+    }
   }
   uint8_t read8(size_t position) const { return number<uint8_t>(position); }
   uint16_t read16(size_t position) const { return number<uint16_t>(position); }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <optional>
 #include <span>
@@ -46,6 +47,8 @@ struct Element {
 
   // Nothing when the element lacks it.
   std::optional<std::string_view> find(NameNumber attribute) const;
+  // Bytes that what is kept of its values takes, in UTF-16 and for a moment twice.
+  size_t cost() const;
   std::string_view value(NameNumber attribute) const { return find(attribute).value_or(std::string_view()); }
 };
 
@@ -56,13 +59,24 @@ class Handler {
   // UTF-8, in pieces of any length, never cut inside a character.
   virtual void characters(std::string_view text) = 0;
   virtual void processingInstruction(std::string_view /*target*/, std::string_view /*data*/) {}
+  // Asked every few thousand bytes: once it is, parsing ends and has failed.
+  virtual bool isFull() const { return false; }
 
  protected:
   ~Handler() = default;
 };
 
-// False when the bytes are not well-formed, are nested deeper than 2,000 elements, have an element with more than
-// 1,000 attributes, or hold no element; what came before the fault was handed over.
+struct Source {
+  // Puts up to so many bytes there and says how many: none at the end, -1 when what follows is damaged.
+  std::function<int(char* to, int most)> read;
+  // Bytes of a single tag, comment or section of CDATA, of which the parser keeps the whole.
+  size_t mostAtOnce;
+};
+
+// False when the bytes are damaged or not well-formed, are nested deeper than 2,000 elements, have an element with more than
+// 1,000 attributes or more than 256 namespaces around it, have many elements with hundreds of attributes, or hold no
+// element; what came before the fault was handed over.
+bool parse(const Source& source, const NameTable& names, Handler& handler);
 bool parse(std::span<const uint8_t> bytes, const NameTable& names, Handler& handler);
 
 // Text as element content and attribute value: & < > and " escaped, characters that XML cannot hold left out.

@@ -2,12 +2,16 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+struct zip;
+struct zip_stat;
 
 namespace standin::formats::zip {
 
@@ -17,18 +21,24 @@ class Archive {
   // Nothing when the bytes are no zip container. They must outlive the archive.
   static std::optional<Archive> open(std::span<const uint8_t> bytes);
 
-  // Nothing when there is no such entry, it is damaged or encrypted, or the archive's bound is reached.
-  std::optional<std::string> read(std::string_view name);
+  // Nothing when there is no such entry, it is damaged or encrypted, or it is larger than that or than what is left of the
+  // archive's bound.
+  std::optional<std::string> read(std::string_view name, uint64_t most = UINT64_MAX);
+  // The same in pieces: puts up to so many bytes there and says how many, none at the end, -1 when the rest is damaged. It
+  // does not outlive the archive, and holds 4 MB and eight times the container at most.
+  using Reading = std::function<int(char* to, int most)>;
+  std::optional<Reading> readInPieces(std::string_view name);
   bool contains(std::string_view name) const;
   std::vector<std::string> names() const;
 
  private:
   struct Close {
-    void operator()(void* archive) const;
+    void operator()(::zip* archive) const;
   };
-  Archive(void* handle, uint64_t size);
+  Archive(::zip* handle, uint64_t size);
+  std::optional<struct ::zip_stat> find(std::string_view name) const;
 
-  std::unique_ptr<void, Close> handle_;
+  std::unique_ptr<::zip, Close> handle_;
   uint64_t size_, budget_;  // bytes: of the container, and still to be read out
 };
 

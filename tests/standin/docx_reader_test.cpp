@@ -24,6 +24,16 @@ std::string instruction(const char* content) {
 std::string paragraph(const std::string& content, const std::string& properties = {}) {
   return "<w:p><w:pPr>" + properties + "</w:pPr>" + content + "</w:p>";
 }
+// The piece for each number from 0, one behind the other; "#" in it is the number.
+std::string repeated(const std::string& piece, size_t count) {
+  const size_t place = std::min(piece.find('#'), piece.size());
+  std::string all;
+  for (size_t number = 0; number < count; ++number) {
+    all.append(piece, 0, place);
+    if (place < piece.size()) all.append(std::to_string(number)).append(piece, place + 1);
+  }
+  return all;
+}
 std::string cell(const std::string& content) { return "<w:tc>" + paragraph(text(content)) + "</w:tc>"; }
 Color rgb(double red, double green, double blue) {
   return {standin::text::ColorSpace::calibratedRGB, {red, green, blue, 0}, 1};
@@ -480,6 +490,41 @@ TEST(DocxReader, RefusesWhatIsNoDocumentAndBoundsWhatIsHostile) {
   std::string fields;
   for (int count = 0; count < 100'000; ++count) fields += field("begin");
   EXPECT_TRUE(read(tests::bytesOf(docxOf(paragraph(fields)))));
+  const std::string plain = text("a");
+  const struct {
+    const char* what;
+    std::string document;
+    bool isRead;
+  } rows[] = {
+      {"text that comes to more than the memory it may take", docxOf(paragraph(text(std::string(12 << 20, 'a')))), false},
+      {"links without number", docxOf(repeated("<w:hyperlink w:anchor=\"x#\">" + plain + "</w:hyperlink>", 300'000)), false},
+      {"nested links of 1 MB",
+       docxOf(repeated("<w:hyperlink r:id=\"link\">", 1'900) + plain + repeated("</w:hyperlink>", 1'900),
+              {{"word/_rels/document.xml.rels", tests::relationships({{"link", "hyperlink", std::string(1 << 20, 'a')}})}}),
+       true},
+      {"an instruction of 1 MB in each of 200 fields",
+       docxOf(repeated(field("begin") + instruction(std::string(200'000, 'a').c_str()), 200) + repeated(field("end"), 200) +
+              plain),
+       true},
+      {"fonts without number, with long names",
+       docxOf(
+           repeated("<w:r><w:rPr><w:rFonts w:ascii=\"#" + std::string(900, 'F') + "\"/></w:rPr><w:t>a</w:t></w:r>", 20'000)),
+       true},
+      {"lists without number",
+       docxOf(paragraph(plain),
+              {{"word/numbering.xml", wordRoot("numbering", repeated("<w:abstractNum w:abstractNumId=\"#\"><w:lvl "
+                                                                     "w:ilvl=\"1\"/><w:lvl w:ilvl=\"2\"/></w:abstractNum>",
+                                                                     200'000))}}),
+       true},
+      {"names without number", docxOf(repeated("<w:a#/>", 500'000)), false},
+      {"a tag of 4 MB", docxOf("<w:p w:x=\"" + std::string(4 << 20, 'x') + "\"/>" + paragraph(plain)), false},
+      {"a comment of 4 MB", docxOf("<!--" + std::string(4 << 20, 'x') + "-->" + paragraph(plain)), false},
+  };
+  for (const auto& row : rows) {
+    const auto document = read(tests::bytesOf(row.document));
+    EXPECT_EQ(document.has_value(), row.isRead) << row.what;
+    EXPECT_TRUE(!document || document->text.ends_with(u'a')) << row.what;
+  }
   for (size_t length = 0; length < good.size(); length += 7) read(tests::bytesOf(good.substr(0, length)));
   for (size_t at = 0; at < good.size(); at += 3) {
     std::string altered = good;

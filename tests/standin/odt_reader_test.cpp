@@ -466,6 +466,21 @@ TEST(OdtReader, BoundsWhatFewBytesAskFor) {
     ASSERT_TRUE(document);
     EXPECT_LT(document->text.size(), 1'100'000u);
   }
+  const auto content = [](const std::string& text) {
+    return package({{"content.xml", part("document-content", body(text))}});
+  };
+  EXPECT_FALSE(parsed(content(p(std::string(12 << 20, 'a')))));
+  Parts pictures;
+  std::string frames;
+  for (int number = 0; number < 60; ++number) {
+    pictures.push_back({"p" + std::to_string(number), pixel + std::string(1 << 20, '\0')});
+    frames += "<draw:frame><draw:image xlink:href=\"p" + std::to_string(number) + "\"/></draw:frame>";
+  }
+  pictures.push_back({"content.xml", part("document-content", body(p(frames + "end")))});
+  const auto document = parsed(package(pictures));  // pictures that would take too much are left out, the text is not
+  ASSERT_TRUE(document);
+  EXPECT_TRUE(document->text.ends_with(u"end"));
+  EXPECT_LT(document->styles.size(), 60u);
 }
 
 }  // namespace

@@ -55,14 +55,13 @@ void RawText::addRuns(const Piece& piece, const PropertyRuns& pages) {
 }
 
 void RawText::addUnits(const Source& source, const Piece& piece) {
-  const auto bytes = source.document.part(piece.place, piece.length * piece.bytesInCharacter()).span();
+  const Bytes part = source.document.part(piece.place, piece.length * piece.bytesInCharacter());
+  const std::span<const uint8_t> bytes = part.span();
   const size_t begin = units.size();
   units.resize(begin + piece.length);
   char16_t* out = units.data() + begin;
   if (piece.isWide) {
-    for (size_t index = 0; index < piece.length; ++index) {
-      out[index] = static_cast<char16_t>(bytes[index * 2] | bytes[index * 2 + 1] << 8);
-    }
+    part.copy(0, out, piece.length);
   } else if (source.isOld) {
     std::copy(bytes.begin(), bytes.end(), out);
   } else {

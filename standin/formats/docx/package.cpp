@@ -24,28 +24,26 @@ std::string normalized(std::string_view name) {
   return result;
 }
 
-std::span<const uint8_t> bytesOf(const std::string& text) {
-  return {reinterpret_cast<const uint8_t*>(text.data()), text.size()};
-}
-
 class ZipPackage final : public Package {
  public:
-  explicit ZipPackage(zip::Archive archive) : archive_(std::move(archive)) {
+  ZipPackage(zip::Archive archive, size_t size) : archive_(std::move(archive)), mostAtOnce_((size_t{1} << 20) + 2 * size) {
     for (std::string& name : archive_.names()) entries_.emplace(normalized(name), std::move(name));
   }
 
   bool parse(std::string_view part, xml::Handler& handler) override {
-    const std::optional<std::string> contents = bytes(part);
-    return contents && xml::parse(bytesOf(*contents), word_xml::nameTable(), handler);
+    const auto entry = entries_.find(normalized(part));
+    auto reading = entry != entries_.end() ? archive_.readInPieces(entry->second) : std::nullopt;
+    return reading && xml::parse({*std::move(reading), mostAtOnce_}, word_xml::nameTable(), handler);
   }
 
-  std::optional<std::string> bytes(std::string_view part) override {
+  std::optional<std::string> bytes(std::string_view part, size_t most) override {
     const auto entry = entries_.find(normalized(part));
-    return entry != entries_.end() ? archive_.read(entry->second) : std::nullopt;
+    return entry != entries_.end() ? archive_.read(entry->second, most) : std::nullopt;
   }
 
  private:
   zip::Archive archive_;
+  const size_t mostAtOnce_;                     // bytes of a tag
   std::map<std::string, std::string> entries_;  // the names in the container by normalized ones
 };
 
@@ -112,9 +110,9 @@ class FlatPackage final : public Package {
     PartHandler filter(normalized(part), handler);
     return xml::parse(bytes_, word_xml::nameTable(), filter) && filter.hasPart;
   }
-  std::optional<std::string> bytes(std::string_view part) override {
+  std::optional<std::string> bytes(std::string_view part, size_t most) override {
     const auto found = parts_.find(normalized(part));
-    return found != parts_.end() ? std::optional(found->second) : std::nullopt;
+    return found != parts_.end() && found->second.size() <= most ? std::optional(found->second) : std::nullopt;
   }
 
  private:
@@ -140,13 +138,16 @@ std::string resolved(std::string_view folder, std::string_view target) {
 
 class RelationshipsHandler final : public xml::Handler {
  public:
-  RelationshipsHandler(std::string_view folder, std::map<std::string, Relationship, std::less<>>& found)
-      : folder_(folder), found_(found) {}
+  RelationshipsHandler(std::string_view folder, std::map<std::string, Relationship, std::less<>>& found,
+                       MemoryAllowance& allowance)
+      : folder_(folder), found_(found), allowance_(allowance) {}
 
   void startElement(const xml::Element& element) override {
     if (nameOf(element) != Name::relationship) return;
     const std::string_view type = valueOf(element, Name::relationshipType);
     const std::string_view target = valueOf(element, Name::relationshipTarget);
+    constexpr size_t placeCost = 300;  // bytes in the map
+    allowance_.take(placeCost + element.cost());
     const bool isOutside = valueOf(element, Name::relationshipMode) == "External";
     found_.emplace(valueOf(element, Name::relationshipOwnId),
                    Relationship{std::string(type.substr(type.find_last_of('/') + 1)),
@@ -154,10 +155,12 @@ class RelationshipsHandler final : public xml::Handler {
   }
   void endElement(xml::NameNumber) override {}
   void characters(std::string_view) override {}
+  bool isFull() const override { return allowance_.isHalfSpent(); }
 
  private:
   std::string_view folder_;
   std::map<std::string, Relationship, std::less<>>& found_;
+  MemoryAllowance& allowance_;
 };
 
 }  // namespace
@@ -165,18 +168,18 @@ class RelationshipsHandler final : public xml::Handler {
 std::unique_ptr<Package> openPackage(std::span<const uint8_t> bytes) {
   if (bytes.size() > 1 && bytes[0] == 'P' && bytes[1] == 'K') {
     auto archive = zip::Archive::open(bytes);
-    return archive ? std::make_unique<ZipPackage>(*std::move(archive)) : nullptr;
+    return archive ? std::make_unique<ZipPackage>(*std::move(archive), bytes.size()) : nullptr;
   }
   BytesHandler flat;
   if (!xml::parse(bytes, word_xml::nameTable(), flat) || !flat.isPackage) return nullptr;
   return std::make_unique<FlatPackage>(bytes, std::move(flat.parts));
 }
 
-Relationships::Relationships(Package& package, std::string_view part) {
+Relationships::Relationships(Package& package, std::string_view part, MemoryAllowance& allowance) {
   const size_t slash = part.find_last_of('/');
   const std::string_view folder = slash != part.npos ? part.substr(0, slash) : std::string_view();
   const std::string_view file = slash != part.npos ? part.substr(slash + 1) : part;
-  RelationshipsHandler handler(folder, relationships_);
+  RelationshipsHandler handler(folder, relationships_, allowance);
   package.parse(std::string(folder) + "/_rels/" + std::string(file) + ".rels", handler);
 }
 

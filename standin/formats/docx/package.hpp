@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "standin/formats/memory_allowance.hpp"
 #include "standin/formats/xml.hpp"
 
 namespace standin::formats::docx {
@@ -20,7 +21,8 @@ class Package {
   // False when there is no such part, or it is not well-formed: what came before the fault was handed over.
   virtual bool parse(std::string_view part, xml::Handler& handler) = 0;
   // Of a part that is no XML.
-  virtual std::optional<std::string> bytes(std::string_view part) = 0;
+  // Nothing when it has more than so many bytes.
+  virtual std::optional<std::string> bytes(std::string_view part, size_t most) = 0;
 };
 
 // Nil when the bytes are no container. They must outlive the package.
@@ -34,7 +36,7 @@ struct Relationship {
 class Relationships {
  public:
   // Those of the part, or of the whole package when the name is empty.
-  Relationships(Package& package, std::string_view part);
+  Relationships(Package& package, std::string_view part, MemoryAllowance& allowance);
 
   // Nil when there is none by the name.
   const Relationship* find(std::string_view id) const;

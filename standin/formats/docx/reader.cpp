@@ -19,9 +19,9 @@ class PackageResources final : public Resources {
     const Relationship* found = relationships_.find(id);
     return found != nullptr ? found->target : std::string();
   }
-  std::optional<std::string> picture(std::string_view id) override {
+  std::optional<std::string> picture(std::string_view id, size_t most) override {
     const Relationship* found = relationships_.find(id);
-    return found != nullptr && found->type == "image" ? package_.bytes(found->target) : std::nullopt;
+    return found != nullptr && found->type == "image" ? package_.bytes(found->target, most) : std::nullopt;
   }
 
  private:
@@ -34,17 +34,15 @@ void parsePart(Package& package, const Relationships& relationships, std::string
   if (const Relationship* found = relationships.ofType(type)) package.parse(found->target, handler);
 }
 
-Definitions readDefinitions(Package& package, const Relationships& relationships) {
-  Definitions definitions;
+void readDefinitions(Package& package, const Relationships& relationships, Definitions& definitions) {
   ThemeHandler theme(definitions.theme);
   parsePart(package, relationships, "theme", theme);
-  NumberingHandler numbering(definitions.numbering);
+  NumberingHandler numbering(definitions.numbering, definitions.allowance);
   parsePart(package, relationships, "numbering", numbering);
-  StylesHandler styles(definitions.styles, definitions.numbering, definitions.theme);
+  StylesHandler styles(definitions.styles, definitions.numbering, definitions.theme, definitions.allowance);
   parsePart(package, relationships, "styles", styles);
   SettingsHandler settings(definitions.settings);
   parsePart(package, relationships, "settings", settings);
-  return definitions;
 }
 
 void readProperties(Package& package, const Relationships& relationships, Properties& properties) {
@@ -59,11 +57,12 @@ void readProperties(Package& package, const Relationships& relationships, Proper
 std::optional<Document> read(std::span<const uint8_t> bytes) {
   const std::unique_ptr<Package> package = openPackage(bytes);
   if (package == nullptr) return std::nullopt;
-  const Relationships packageRelationships(*package, {});
+  Definitions definitions(bytes.size());
+  const Relationships packageRelationships(*package, {}, definitions.allowance);
   const Relationship* main = packageRelationships.ofType("officeDocument");
   const std::string part = main != nullptr ? main->target : "word/document.xml";
-  const Relationships relationships(*package, part);
-  Definitions definitions = readDefinitions(*package, relationships);
+  const Relationships relationships(*package, part, definitions.allowance);
+  readDefinitions(*package, relationships, definitions);
   PackageResources resources(*package, relationships);
   BodyHandler body(definitions, &resources);
   if (!package->parse(part, body)) return std::nullopt;

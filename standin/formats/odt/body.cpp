@@ -26,12 +26,18 @@ bool isSpace(char byte) { return static_cast<uint8_t>(byte) <= ' '; }
 
 }  // namespace
 
-Body::Body(const Library& library, PartSource parts, const Options& options)
+Body::Body(const Library& library, PartSource parts, MemoryAllowance& allowance, bool showsTextBoxes)
     : library_(library),
-      options_(options),
-      styles_(library, builder_, options.mostWays),
+      allowance_(allowance),
+      showsTextBoxes_(showsTextBoxes),
+      styles_(library, builder_, allowance.most()),
       numbering_(library),
-      pictures_(std::move(parts)) {}
+      pictures_(std::move(parts), allowance) {}
+
+// What encodes a picture grows thrice, and is decoded after that.
+bool Body::isFull() const {
+  return builder_.cost() + styles_.cost() + numbering_.cost() + 4 * binary_.size() > allowance_.left();
+}
 
 struct Body::ElementRow {
   name::Number element;
@@ -205,7 +211,7 @@ void Body::repeat(size_t start, int copies) {
 
 void Body::startTextBox() {
   hasTextBoxes_ = true;
-  if (!options_.showsTextBoxes) skip();
+  if (!showsTextBoxes_) skip();
 }
 
 void Body::startVariable(const xml::Element& element) {

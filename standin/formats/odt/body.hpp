@@ -9,16 +9,15 @@ namespace standin::formats::odt {
 
 class Body {
  public:
-  struct Options {
-    bool showsTextBoxes = false;
-    size_t mostWays = 0;  // in which styles may meet
-  };
-  Body(const Library& library, PartSource parts, const Options& options);
+  // The library and the allowance outlive the body.
+  Body(const Library& library, PartSource parts, MemoryAllowance& allowance, bool showsTextBoxes);
 
   // Elements inside the document's body.
   void startElement(const xml::Element& element);
   void endElement(xml::NameNumber name);
   void characters(std::string_view text);
+  // What was read takes all the memory that it may.
+  bool isFull() const;
 
   // Whether there was anything to be read.
   bool isText() const { return isText_; }
@@ -58,7 +57,8 @@ class Body {
   void repeat(size_t start, int copies);
 
   const Library& library_;
-  const Options options_;
+  MemoryAllowance& allowance_;
+  const bool showsTextBoxes_;
   DocumentBuilder builder_;
   Places styles_;
   Numbering numbering_;

@@ -13,9 +13,15 @@ class InformationReader {
 
   void startElement(const xml::Element& element);
   void endElement(xml::NameNumber name);
-  void characters(std::string_view text) { value_ += text; }
+  void characters(std::string_view text) {
+    if (value_.size() < mostInProperty) value_ += text;
+  }
 
  private:
+  static constexpr size_t mostInProperty = 100'000;  // bytes; a few thousand more where they come at once
+
+  void add(std::u16string& property) const;
+
   Properties& properties_;
   std::string value_, userDefined_;
 };

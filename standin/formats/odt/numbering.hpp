@@ -24,6 +24,9 @@ class Numbering {
   void enterCell() { bases_.push_back(open_.size()); }
   void leaveCell();
 
+  // Bytes that the lists take at most.
+  size_t cost() const { return 3 * sizeof(ListCounters) * counters_.size() + identifiedBytes_; }
+
   // The label of the paragraph that starts; `listStyle` is what its own style names, for lists that name none.
   Label paragraph(std::string_view listStyle);
   // Of a heading, which is counted where it is in no list.
@@ -40,6 +43,7 @@ class Numbering {
   };
   bool isInList() const { return open_.size() > bases_.back(); }
   size_t countersFor(const xml::Element& element);
+  size_t identify(std::string identifier, size_t counters);
   static Label label(const ListStyle& style, ListCounters& counters, int level, bool isMarked);
 
   const Library& library_;
@@ -51,6 +55,7 @@ class Numbering {
   std::string lastStyle_;
   size_t lastCounters_ = 0;
   std::unordered_map<std::string, size_t> identified_;  // counters, by the identifiers of lists
+  size_t identifiedBytes_ = 0;                          // of these
 };
 
 }  // namespace standin::formats::odt

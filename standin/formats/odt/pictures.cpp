@@ -8,13 +8,18 @@
 namespace standin::formats::odt {
 namespace {
 
-Pictures::Attachment pictureOf(std::string bytes) {
-  const std::span contents(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
-  const bool isShown = pictures::formatOf(contents) != pictures::Format::unknown && pictures::sizeOf(contents);
-  return isShown ? pictures::newAttachment(std::move(bytes), {}) : nullptr;
-}
+// Bytes of a picture beside its own: its place in the maps, and what it is in a size.
+constexpr size_t placeCost = 400;
 
 }  // namespace
+
+Pictures::Attachment Pictures::pictureOf(std::string bytes) {
+  const std::span contents(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+  const bool isShown = pictures::formatOf(contents) != pictures::Format::unknown && pictures::sizeOf(contents);
+  if (!isShown) return nullptr;
+  allowance_.take(bytes.size());
+  return pictures::newAttachment(std::move(bytes), {});
+}
 
 void Pictures::startFrame(const xml::Element& element) {
   width_ = pointsOf(element.value(name::width)).value_or(0);
@@ -30,7 +35,9 @@ Pictures::Attachment Pictures::linked(const xml::Element& image) {
   if (name.empty()) return nullptr;
   const auto [known, isNew] = loaded_.try_emplace(std::string(name));
   if (isNew) {
-    if (auto bytes = parts_(known->first)) known->second = pictureOf(*std::move(bytes));
+    // None takes all that is left, which the text needs.
+    allowance_.take(name.size() + placeCost);
+    if (auto bytes = parts_(known->first, allowance_.left() / 2)) known->second = pictureOf(*std::move(bytes));
   }
   return sized(known->second);
 }
@@ -40,6 +47,7 @@ Pictures::Attachment Pictures::embedded(std::string_view base64) { return sized(
 Pictures::Attachment Pictures::sized(const Attachment& picture) {
   if (isFilled_ || picture == nullptr) return nullptr;
   isFilled_ = true;
+  allowance_.take(placeCost);
   return sized_.of(*picture, width_, height_);
 }
 

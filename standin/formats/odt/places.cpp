@@ -40,8 +40,15 @@ uint32_t Places::Numbers::of(std::string_view name) {
   if (known == numbers_.end()) {
     known = numbers_.emplace(name, static_cast<uint32_t>(names_.size())).first;
     names_.push_back(&known->first);
+    constexpr size_t placeCost = 160;  // in the map and in the lists of names and targets
+    bytes_ += placeCost + 3 * name.size();
   }
   return known->second;
+}
+
+size_t Places::cost() const {
+  return paragraphs_.size() * lookCost + texts_.size() * textCost + styles_.size() * styleCost + paragraphNames_.cost() +
+         spanNames_.cost() + links_.cost();
 }
 
 size_t Places::StyleKeyHash::operator()(const StyleKey& key) const {

@@ -35,9 +35,12 @@ struct ParagraphRole {
 
 class Places {
  public:
-  // Ways beyond `mostWays` look like what they are part of.
-  Places(const Library& library, DocumentBuilder& builder, size_t mostWays)
-      : library_(library), builder_(builder), mostWays_(mostWays) {}
+  // Ways past half of so many bytes look like what they are part of.
+  Places(const Library& library, DocumentBuilder& builder, size_t mostBytes)
+      : library_(library), builder_(builder), mostWays_(mostBytes / 2 / wayCost) {}
+
+  // Bytes that the places take; the styles are the builder's.
+  size_t cost() const;
 
   Place paragraph(std::string_view styleName, const ParagraphRole& role);
   Place span(Place place, std::string_view styleName);
@@ -55,6 +58,8 @@ class Places {
    public:
     uint32_t of(std::string_view name);
     const std::string& name(uint32_t number) const { return *names_[number]; }
+    // Bytes, with a copy in UTF-16.
+    size_t cost() const { return bytes_; }
 
    private:
     struct Hash : std::hash<std::string_view> {
@@ -62,6 +67,7 @@ class Places {
     };
     std::unordered_map<std::string, uint32_t, Hash, std::equal_to<>> numbers_;
     std::vector<const std::string*> names_;
+    size_t bytes_ = 0;
   };
   struct StyleKey {
     Place place;
@@ -71,6 +77,10 @@ class Places {
   struct StyleKeyHash {
     size_t operator()(const StyleKey& key) const;
   };
+
+  static constexpr size_t lookCost = sizeof(ParagraphLook) + 384, textCost = sizeof(TextProperties) + 128, styleCost = 64;
+  // With the builder's style.
+  static constexpr size_t wayCost = lookCost + textCost + styleCost + 4 * sizeof(text::Style);
 
   ParagraphLook lookOf(std::string_view styleName, const ParagraphRole& role);
   text::Style styleAt(Place place, Script script) const;

@@ -12,6 +12,8 @@ namespace {
 
 // Of styles, fonts, list styles, pages: what is beyond is left out.
 constexpr size_t mostStyles = 10'000, mostListStyles = 5'000, mostPages = 1'000;
+// Bytes: what a style says itself and with its ancestors, and its places in the maps; a list style with its markers.
+constexpr size_t styleCost = 2 * sizeof(StyleProperties) + 1024, listStyleCost = sizeof(ListStyle) + 256;
 
 Family familyOfStyle(std::string_view name) {
   return name == "paragraph" ? Family::paragraph : name == "text" ? Family::text : Family::other;
@@ -43,6 +45,8 @@ void StyleReader::enter(xml::NameNumber section, bool hasText) {
 }
 
 void StyleReader::startElement(const xml::Element& element) {
+  if (allowance_.isHalfSpent()) return;
+  allowance_.take(element.cost());
   switch (element.name) {
     case name::fontFace:
       return addFont(element);
@@ -69,6 +73,7 @@ void StyleReader::startElement(const xml::Element& element) {
       if (layout_ != nullptr) takeLabelAlignment(*layout_, element);
       return;
     case name::notesConfiguration:
+      if (library_.citationStyles_.size() >= mostPages) return;
       library_.citationStyles_[std::string(element.value(name::noteClass))] = element.value(name::citationStyle);
       return;
     case name::pageLayout:
@@ -118,6 +123,7 @@ void StyleReader::startStyle(const xml::Element& element, bool isDefault) {
   if (!takesStyles_ || family == Family::other || library_.known_.size() >= mostStyles) return;
   const std::string_view name = isDefault ? std::string_view() : element.value(name::styleName);
   if (name.empty() && !isDefault) return;
+  allowance_.take(styleCost);
   key_ = {family, isAutomatic_, std::string(name)};
   style_ = {};
   style_.listStyle = textOf(element, name::listStyleName);
@@ -141,6 +147,7 @@ void StyleReader::startListStyle(const xml::Element& element, bool isOutline) {
   if (isOutline) {
     listStyle_ = &library_.outline_;
   } else if (takesStyles_ && library_.listStyles_.size() < mostListStyles) {
+    allowance_.take(listStyleCost);
     const std::pair key(isAutomatic_, std::string(element.value(name::styleName)));
     listStyle_ = &library_.listStyles_.insert_or_assign(key, numberedListStyle()).first->second;
   }

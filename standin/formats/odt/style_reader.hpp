@@ -1,15 +1,17 @@
 // Reads the parts of a document that define its styles.
 #pragma once
 
+#include "standin/formats/memory_allowance.hpp"
 #include "standin/formats/odt/library.hpp"
 #include "standin/formats/odt/names.hpp"
 
 namespace standin::formats::odt {
 
-// Takes the elements inside font declarations, common, automatic and master styles.
+// Takes the elements inside font declarations, common, automatic and master styles, until half of the allowance is gone.
 class StyleReader {
  public:
-  explicit StyleReader(Library& library) : library_(library) {}
+  // Both outlive the reader.
+  StyleReader(Library& library, MemoryAllowance& allowance) : library_(library), allowance_(allowance) {}
 
   // `section` is the element around what follows. Automatic styles of a part without text are not the text's.
   void enter(xml::NameNumber section, bool hasText);
@@ -25,6 +27,7 @@ class StyleReader {
   void takeProperties(const xml::Element& element);
 
   Library& library_;
+  MemoryAllowance& allowance_;
   FontFaces faces_;
   bool isAutomatic_ = false, takesStyles_ = false;
   std::optional<Library::Key> key_;  // of the style that is open

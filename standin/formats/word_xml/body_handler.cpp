@@ -41,6 +41,8 @@ constexpr UnitRow unitRows[] = {
     {Name::softHyphen, u'\u00AD'},
 };
 
+constexpr size_t longestTarget = 16'384;  // bytes of a link that is one
+
 // Comments and deleted text of the edition of 2003.
 bool isSkippedAnnotation(const xml::Element& element) {
   const std::string_view type = valueOf(element, Name::type);
@@ -171,13 +173,16 @@ void BodyHandler::characters(std::string_view text) {
   if (isCapturing_ && skipped_ == 0) captured_ += text;
 }
 
+// What is captured grows thrice, and becomes text after that.
+bool BodyHandler::isFull() const { return text_.cost() + 9 * captured_.size() > definitions_.allowance.left(); }
+
 void BodyHandler::openLink(const xml::Element& element) {
   const auto id = find(element, Name::relationshipId);
   std::string target(valueOf(element, Name::destination));
   if (id && resources_ != nullptr) target = resources_->linkTarget(*id);
   const std::string_view place = valueOf(element, find(element, Name::anchor) ? Name::anchor : Name::bookmark);
   if (!place.empty()) (target += '#') += place;
-  text_.openLink(unitsOf(target));
+  text_.openLink(target.size() <= longestTarget ? unitsOf(target) : std::u16string());
 }
 
 void BodyHandler::appendBreak(const xml::Element& element) {

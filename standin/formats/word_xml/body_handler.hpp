@@ -11,11 +11,12 @@ class BodyHandler final : public xml::Handler {
  public:
   // Both outlive the handler. Nil resources: pictures come within the text, and links have their addresses beside them.
   BodyHandler(Definitions& definitions, Resources* resources)
-      : definitions_(definitions), resources_(resources), text_(definitions), drawings_(resources) {}
+      : definitions_(definitions), resources_(resources), text_(definitions), drawings_(resources, definitions.allowance) {}
 
   void startElement(const xml::Element& element) override;
   void endElement(xml::NameNumber name) override;
   void characters(std::string_view text) override;
+  bool isFull() const override;
 
   Document finish();
 

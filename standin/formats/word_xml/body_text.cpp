@@ -25,15 +25,26 @@ const ParagraphLook& BodyText::look() {
 void BodyText::setRunProperties(const PropertyRecord& properties) { run_ = &palette_.run(properties); }
 
 void BodyText::endTable() {
-  if (!tableStyles_.empty()) tableStyles_.pop_back();
+  if (tableStyles_.empty()) return;
+  openBytes_ -= tableStyles_.back().size();
+  tableStyles_.pop_back();
 }
 
 void BodyText::setTableStyle(std::string_view style) {
-  if (!tableStyles_.empty()) tableStyles_.back() = style;
+  if (tableStyles_.empty()) return;
+  openBytes_ += style.size() - tableStyles_.back().size();
+  tableStyles_.back() = style;
+}
+
+void BodyText::openLink(std::u16string target) {
+  openBytes_ += target.size() * sizeof(char16_t);
+  links_.push_back(std::move(target));
 }
 
 void BodyText::closeLink() {
-  if (!links_.empty()) links_.pop_back();
+  if (links_.empty()) return;
+  openBytes_ -= links_.back().size() * sizeof(char16_t);
+  links_.pop_back();
 }
 
 std::u16string_view BodyText::link() const {

@@ -22,7 +22,7 @@ class BodyText {
   void endTable();
   void setTableStyle(std::string_view style);
 
-  void openLink(std::u16string target) { links_.push_back(std::move(target)); }
+  void openLink(std::u16string target);
   void closeLink();
   Fields fields;
 
@@ -32,6 +32,8 @@ class BodyText {
   void append(const std::shared_ptr<const text::Attachment>& attachment, std::string_view link);
 
   size_t size() const { return builder_.text().size(); }
+  // Bytes that it takes at most, also while it grows.
+  size_t cost() const { return builder_.cost() + palette_.cost() + openBytes_; }
   // The whole; the last paragraph has no end.
   Document finish();
 
@@ -52,6 +54,7 @@ class BodyText {
   Script lastScript_ = Script::western;
   std::vector<std::string> tableStyles_;
   std::vector<std::u16string> links_;
+  size_t openBytes_ = 0;  // of the two
 };
 
 }  // namespace standin::formats::word_xml

@@ -21,6 +21,9 @@ std::optional<double> lengthIn(std::string_view style, std::string_view property
   return std::nullopt;
 }
 
+// Bytes of a picture beside its own: its place in the maps, and what it is in a size.
+constexpr size_t placeCost = 400;
+
 std::shared_ptr<const text::Attachment> attachmentOf(std::string bytes) {
   if (!pictures::sizeOf({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()})) return nullptr;
   return pictures::newAttachment(std::move(bytes), {});
@@ -51,12 +54,17 @@ void Drawings::startElement(const xml::Element& element) {
   }
 }
 
-void Drawings::add(std::string name, std::string bytes) { pictures_[std::move(name)] = attachmentOf(std::move(bytes)); }
+void Drawings::add(std::string name, std::string bytes) {
+  allowance_.take(bytes.size() + name.size() + placeCost);
+  pictures_[std::move(name)] = attachmentOf(std::move(bytes));
+}
 
 const text::Attachment* Drawings::find(std::string_view id) {
   const auto known = pictures_.find(id);
   if (known != pictures_.end()) return known->second.get();
-  std::optional<std::string> bytes = resources_ != nullptr ? resources_->picture(id) : std::nullopt;
+  // None takes all that is left, which the text needs.
+  std::optional<std::string> bytes = resources_ != nullptr ? resources_->picture(id, allowance_.left() / 2) : std::nullopt;
+  allowance_.take((bytes ? bytes->size() : 0) + id.size() + placeCost);
   return pictures_.emplace(id, bytes ? attachmentOf(*std::move(bytes)) : nullptr).first->second.get();
 }
 
@@ -66,7 +74,9 @@ std::shared_ptr<const text::Attachment> Drawings::pictureOf(const xml::Element& 
                                                        : Name::source;
   const std::string_view id = valueOf(element, attribute);
   const text::Attachment* picture = id.empty() ? nullptr : find(id);
-  return picture != nullptr ? sized_.of(*picture, width_, height_) : nullptr;
+  if (picture == nullptr) return nullptr;
+  allowance_.take(placeCost);
+  return sized_.of(*picture, width_, height_);
 }
 
 }  // namespace standin::formats::word_xml

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 
+#include "standin/formats/memory_allowance.hpp"
 #include "standin/formats/pictures/embedded.hpp"
 #include "standin/formats/word_xml/names.hpp"
 #include "standin/formats/word_xml/resources.hpp"
@@ -12,8 +13,8 @@ namespace standin::formats::word_xml {
 
 class Drawings {
  public:
-  // The resources outlive the drawings; nil when the pictures come within the text.
-  explicit Drawings(Resources* resources) : resources_(resources) {}
+  // Both outlive the drawings. Nil resources: the pictures come within the text.
+  Drawings(Resources* resources, MemoryAllowance& allowance) : resources_(resources), allowance_(allowance) {}
 
   // A drawing begins, of which neither size nor link is known.
   void begin();
@@ -30,6 +31,7 @@ class Drawings {
   const text::Attachment* find(std::string_view id);
 
   Resources* resources_;
+  MemoryAllowance& allowance_;
   // By the names that the text calls them; nil for what is no picture. Shown twice, a picture has its bytes once.
   std::map<std::string, std::shared_ptr<const text::Attachment>, std::less<>> pictures_;
   pictures::SizedPictures sized_;

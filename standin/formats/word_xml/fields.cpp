@@ -9,6 +9,8 @@ namespace {
 
 // What lies deeper is a hostile document's.
 constexpr size_t mostFields = 200;
+// Bytes, beyond which an instruction is none.
+constexpr size_t mostInInstruction = 16'384;
 
 }  // namespace
 
@@ -34,7 +36,9 @@ void Fields::close() {
 }
 
 void Fields::addInstruction(std::string_view text) {
-  if (!fields_.empty() && !fields_.back().isResult) fields_.back().instruction += text;
+  if (fields_.empty() || fields_.back().isResult) return;
+  std::string& instruction = fields_.back().instruction;
+  if (instruction.size() + text.size() <= mostInInstruction) instruction += text;
 }
 
 void Fields::beginResult() {

@@ -33,9 +33,13 @@ class InformationHandler final : public xml::Handler {
   explicit InformationHandler(Properties& properties) : properties_(properties) {}
   void startElement(const xml::Element& element) override;
   void endElement(xml::NameNumber name) override;
-  void characters(std::string_view text) override { text_ += text; }
+  void characters(std::string_view text) override {
+    if (text_.size() < mostInProperty) text_ += text;
+  }
 
  private:
+  static constexpr size_t mostInProperty = 100'000;  // bytes; a few thousand more where they come at once
+
   Properties& properties_;
   bool inCustom_ = false, isCopyright_ = false;
   std::string text_;

@@ -11,6 +11,8 @@ namespace standin::formats::word_xml {
 namespace {
 
 constexpr size_t mostLists = 10'000;
+// Bytes of a list or a level beside its own: its place in the map, and the looks of its levels.
+constexpr size_t listCost = 64 + listLevels * sizeof(ListLevel);
 
 const NumberingLevel* findLevel(const std::map<int, NumberingLevel>& levels, int level) {
   const auto found = levels.find(level);
@@ -83,13 +85,16 @@ std::u16string Numbering::nextMarker(int list, int levelIndex) {
 }
 
 void NumberingHandler::startElement(const xml::Element& element) {
+  allowance_.take(element.cost());
   if (collector_.isOpen()) return collector_.startElement(element);
   switch (nameOf(element)) {
     case Name::abstractNumbering:
+      allowance_.take(sizeof(AbstractNumbering) + listCost);
       abstractId_ = wholeNumberOf(valueOf(element, Name::abstractNumberingId)).value_or(-1);
       abstract_ = numbering_.addAbstract(abstractId_);
       break;
     case Name::numbering:
+      allowance_.take(sizeof(NumberingInstance) + listCost);
       instance_ = numbering_.addInstance(wholeNumberOf(valueOf(element, Name::numberingId)).value_or(-1));
       break;
     case Name::levelOverride:
@@ -113,6 +118,7 @@ void NumberingHandler::startLevel(const xml::Element& element) {
   if (instance_ != nullptr) level_ = &instance_->levels[levelIndex_];
   if (abstract_ != nullptr) level_ = &abstract_->levels[levelIndex_];
   if (level_ == nullptr) return;
+  allowance_.take(sizeof *level_ + listCost);
   *level_ = {};
   level_->look.pattern.clear();
 }

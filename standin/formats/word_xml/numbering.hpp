@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "standin/formats/list_markers.hpp"
+#include "standin/formats/memory_allowance.hpp"
 #include "standin/formats/word_xml/formatting.hpp"
 
 namespace standin::formats::word_xml {
@@ -57,10 +58,12 @@ class Numbering {
 
 class NumberingHandler final : public xml::Handler {
  public:
-  explicit NumberingHandler(Numbering& numbering) : numbering_(numbering) {}
+  // Both outlive the handler.
+  NumberingHandler(Numbering& numbering, MemoryAllowance& allowance) : numbering_(numbering), allowance_(allowance) {}
   void startElement(const xml::Element& element) override;
   void endElement(xml::NameNumber name) override;
   void characters(std::string_view) override {}
+  bool isFull() const override { return allowance_.isHalfSpent(); }
 
  private:
   void startLevel(const xml::Element& element);
@@ -68,6 +71,7 @@ class NumberingHandler final : public xml::Handler {
   void takeReference(const xml::Element& element);
 
   Numbering& numbering_;
+  MemoryAllowance& allowance_;
   AbstractNumbering* abstract_ = nullptr;
   NumberingInstance* instance_ = nullptr;
   NumberingLevel* level_ = nullptr;

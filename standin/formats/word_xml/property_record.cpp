@@ -1,11 +1,23 @@
 // Records as numbers of 32 bits and the bytes of values.
 #include "standin/formats/word_xml/property_record.hpp"
 
+#include <algorithm>
 #include <cstring>
 
 #include "standin/formats/word_xml/names.hpp"
 
 namespace standin::formats::word_xml {
+namespace {
+
+// Bytes, beyond what any program writes.
+constexpr size_t mostInValue = 1'000, mostInRecord = 32'000;
+
+bool isSensible(const xml::Element& element) {
+  return element.attributes.size() <= 32 && std::all_of(element.attributes.begin(), element.attributes.end(),
+                                                        [](const auto& each) { return each.value.size() <= mostInValue; });
+}
+
+}  // namespace
 
 void PropertyRecord::addNumbers(uint32_t first, uint32_t second) {
   const uint32_t numbers[] = {first, second};
@@ -20,7 +32,7 @@ uint32_t PropertyRecord::numberAt(size_t& at) const {
 }
 
 void PropertyRecord::add(const xml::Element& element) {
-  if (element.name == xml::unknownName) return;
+  if (element.name == xml::unknownName || bytes_.size() > mostInRecord || !isSensible(element)) return;
   addNumbers(static_cast<uint32_t>(element.name), static_cast<uint32_t>(element.attributes.size()));
   for (const xml::Attribute& attribute : element.attributes) {
     addNumbers(static_cast<uint32_t>(attribute.name), static_cast<uint32_t>(attribute.value.size()));

@@ -12,7 +12,7 @@ class PropertyRecord {
  public:
   void clear() { bytes_.clear(); }
   bool empty() const { return bytes_.empty(); }
-  // Elements that no name table knows say nothing.
+  // Elements that no name table knows say nothing; nor do those past the length that a record has at most.
   void add(const xml::Element& element);
   // Equal for equal elements in equal order.
   const std::string& bytes() const { return bytes_; }

@@ -4,10 +4,17 @@
 namespace standin::formats::word_xml {
 namespace {
 
-// Beyond what real documents have; what comes then looks like something else.
-constexpr size_t mostLooks = 50'000;
+// Bytes of a look beside its own and its key: the tabs, its place in the map, the character style that it names.
+constexpr size_t besideLook = 1'500;
 
 }  // namespace
+
+// Looks have a quarter of the allowance, far more than real documents need: what comes then looks like something else.
+bool StylePalette::takesLook(size_t bytes) {
+  if (looksCost_ + bytes > definitions_.allowance.most() / 4) return false;
+  looksCost_ += bytes;
+  return true;
+}
 
 const ParagraphLook& StylePalette::paragraph(const PropertyCollector& properties, const std::string& tableStyle) {
   // With lengths, for each of the three is of any bytes.
@@ -15,7 +22,8 @@ const ParagraphLook& StylePalette::paragraph(const PropertyCollector& properties
   ((paragraphKey_ += tableStyle) += properties.run.bytes()) += properties.paragraph.bytes();
   const auto known = paragraphs_.find(paragraphKey_);
   if (known != paragraphs_.end()) return known->second;
-  if (paragraphs_.size() >= mostLooks) return paragraphs_.begin()->second;
+  const bool isTaken = takesLook(sizeof(ParagraphLook) + paragraphKey_.size() + besideLook);
+  if (!isTaken && !paragraphs_.empty()) return paragraphs_.begin()->second;
   ParagraphLook& look = paragraphs_[paragraphKey_];
   look = makeParagraph(properties, tableStyle);
   look.number = static_cast<uint32_t>(paragraphs_.size());
@@ -25,7 +33,8 @@ const ParagraphLook& StylePalette::paragraph(const PropertyCollector& properties
 const RunLook& StylePalette::run(const PropertyRecord& properties) {
   const auto known = runs_.find(properties.bytes());
   if (known != runs_.end()) return known->second;
-  if (runs_.size() >= mostLooks) return runs_.begin()->second;
+  const bool isTaken = takesLook(sizeof(RunLook) + properties.bytes().size() + besideLook);
+  if (!isTaken && !runs_.empty()) return runs_.begin()->second;
   RunLook& look = runs_[properties.bytes()];
   look = {static_cast<uint32_t>(runs_.size()), runFormattingOf(properties, definitions_.theme),
           valueIn(properties, Name::runStyle)};
@@ -84,6 +93,8 @@ const StylePalette::Entry& StylePalette::entry(const ParagraphLook& paragraph, c
   const Key key{paragraph.number, run != nullptr ? run->number : 0, script};
   if (last_ != nullptr && key == lastKey_) return *last_;
   auto known = entries_.find(key);
+  const bool isTaken = last_ == nullptr || builder_.cost() < definitions_.allowance.most() / 2;
+  if (known == entries_.end() && !isTaken) return *last_;
   if (known == entries_.end()) {
     const RunFormatting formatting = run != nullptr ? formattingOf(paragraph, *run) : paragraph.mark;
     text::Style style = styleOf(formatting, formatting.isComplex.value_or(false) ? Script::complex : script);

@@ -34,6 +34,9 @@ class StylePalette {
   // Both outlive the palette.
   StylePalette(const Definitions& definitions, DocumentBuilder& builder) : definitions_(definitions), builder_(builder) {}
 
+  // Bytes that the looks take; the styles are the builder's.
+  size_t cost() const { return looksCost_ + entries_.size() * entryCost; }
+
   // The looks are the palette's, and stay.
   const ParagraphLook& paragraph(const PropertyCollector& properties, const std::string& tableStyle);
   const RunLook& run(const PropertyRecord& properties);
@@ -58,6 +61,9 @@ class StylePalette {
     bool isHidden;
   };
 
+  static constexpr size_t entryCost = 64;
+
+  bool takesLook(size_t bytes);
   const Entry& entry(const ParagraphLook& paragraph, const RunLook* run, Script script);
   RunFormatting formattingOf(const ParagraphLook& paragraph, const RunLook& run) const;
   void applyCharacterStyle(RunFormatting& run, const std::string& style) const;
@@ -72,6 +78,7 @@ class StylePalette {
   std::unordered_map<Key, Entry, KeyHash> entries_;
   Key lastKey_{};
   const Entry* last_ = nullptr;
+  size_t looksCost_ = 0;  // bytes
 };
 
 }  // namespace standin::formats::word_xml

@@ -9,6 +9,8 @@ namespace standin::formats::word_xml {
 namespace {
 
 constexpr size_t mostStyles = 5000;
+// Bytes: what a style says itself and with its ancestors, their tabs, and its places in the maps.
+constexpr size_t styleCost = 2 * (sizeof(ParagraphProperties) + sizeof(RunFormatting)) + 2 * 1024;
 
 // "heading 1" to "heading 9", the names of the programs' own styles whatever their language.
 int levelOfHeading(std::string_view name) {
@@ -25,15 +27,17 @@ Styles::Styles() {
   defaultRun.size = 10;
 }
 
-void Styles::add(const std::string& id, std::optional<std::string> parent, ParagraphProperties paragraph,
+bool Styles::add(const std::string& id, std::optional<std::string> parent, ParagraphProperties paragraph,
                  RunFormatting run) {
-  if (ids_.size() >= mostStyles) return;
+  if (ids_.size() >= mostStyles) return false;
   ids_.insert(id);
   paragraphs_.add(id, parent, std::move(paragraph));
   runs_.add(id, std::move(parent), std::move(run));
+  return true;
 }
 
 void StylesHandler::startElement(const xml::Element& element) {
+  allowance_.take(element.cost());
   if (skipped_ > 0) {
     ++skipped_;
     return;
@@ -110,7 +114,9 @@ ParagraphProperties StylesHandler::onItsList(ParagraphProperties own) const {
 void StylesHandler::endStyle() {
   inStyle_ = false;
   if (const int level = levelOfHeading(name_); level > 0 && !paragraph_.headerLevel) paragraph_.headerLevel = level;
-  styles_.add(id_, std::exchange(parent_, std::nullopt), onItsList(std::move(paragraph_)), std::move(run_));
+  const bool isTaken =
+      styles_.add(id_, std::exchange(parent_, std::nullopt), onItsList(std::move(paragraph_)), std::move(run_));
+  if (isTaken) allowance_.take(styleCost);
 }
 
 }  // namespace standin::formats::word_xml

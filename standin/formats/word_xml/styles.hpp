@@ -16,8 +16,8 @@ class Styles {
   // Of paragraphs that name no style, or one that there is not.
   std::string defaultParagraphStyle;
 
-  // Nothing past the number of styles that a document can have.
-  void add(const std::string& id, std::optional<std::string> parent, ParagraphProperties paragraph, RunFormatting run);
+  // False, and nothing more, past the number of styles that a document can have.
+  bool add(const std::string& id, std::optional<std::string> parent, ParagraphProperties paragraph, RunFormatting run);
   bool contains(const std::string& id) const { return ids_.contains(id); }
   // With what it inherits, the defaults left out; nothing said for an unknown style.
   const ParagraphProperties& paragraph(const std::string& id) const { return paragraphs_.resolve(id); }
@@ -31,12 +31,13 @@ class Styles {
 
 class StylesHandler final : public xml::Handler {
  public:
-  // All three outlive the handler; the lists are complete.
-  StylesHandler(Styles& styles, const Numbering& numbering, const Theme& theme)
-      : styles_(styles), numbering_(numbering), theme_(theme) {}
+  // All four outlive the handler; the lists are complete.
+  StylesHandler(Styles& styles, const Numbering& numbering, const Theme& theme, MemoryAllowance& allowance)
+      : styles_(styles), numbering_(numbering), theme_(theme), allowance_(allowance) {}
   void startElement(const xml::Element& element) override;
   void endElement(xml::NameNumber name) override;
   void characters(std::string_view) override {}
+  bool isFull() const override { return allowance_.isHalfSpent(); }
 
  private:
   void startStyle(const xml::Element& element);
@@ -47,6 +48,7 @@ class StylesHandler final : public xml::Handler {
   Styles& styles_;
   const Numbering& numbering_;
   const Theme& theme_;
+  MemoryAllowance& allowance_;
   PropertyCollector collector_;
   bool inDefaults_ = false, inStyle_ = false;
   int skipped_ = 0;  // open elements of a part that does not count

@@ -8,6 +8,8 @@
 namespace standin::formats::word_xml {
 namespace {
 
+constexpr size_t mostColors = 100;  // a scheme has twelve
+
 struct Alias {
   std::string_view name, entry;
 };
@@ -79,7 +81,7 @@ void ThemeHandler::startElement(const xml::Element& element) {
     case Name::systemColor: {
       const bool isSystem = nameOf(element) == Name::systemColor;
       const auto color = colorNamed(valueOf(element, isSystem ? Name::lastColor : Name::unqualifiedValue));
-      if (inColors_ && color) theme_.colors.emplace(entry_, *color);
+      if (inColors_ && color && theme_.colors.size() < mostColors) theme_.colors.emplace(entry_, *color);
       break;
     }
     default:

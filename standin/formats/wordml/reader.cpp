@@ -30,6 +30,8 @@ class FontsHandler final : public xml::Handler {
 
 class DocumentHandler final : public xml::Handler {
  public:
+  explicit DocumentHandler(size_t documentBytes) : definitions_(documentBytes) {}
+
   void startElement(const xml::Element& element) override {
     const int depth = depth_++;
     if (depth == 0) isDocument = element.local == "wordDocument";
@@ -41,6 +43,7 @@ class DocumentHandler final : public xml::Handler {
     if (--depth_ == 1) part_ = &body_;
   }
   void characters(std::string_view text) override { part_->characters(text); }
+  bool isFull() const override { return body_.isFull(); }
 
   Document finish() {
     Document document = body_.finish();
@@ -73,8 +76,8 @@ class DocumentHandler final : public xml::Handler {
   Properties properties_;
   InformationHandler information_{properties_};
   FontsHandler fonts_{definitions_};
-  NumberingHandler numbering_{definitions_.numbering};
-  StylesHandler styles_{definitions_.styles, definitions_.numbering, definitions_.theme};
+  NumberingHandler numbering_{definitions_.numbering, definitions_.allowance};
+  StylesHandler styles_{definitions_.styles, definitions_.numbering, definitions_.theme, definitions_.allowance};
   SettingsHandler settings_{definitions_.settings};
   BodyHandler body_{definitions_, nullptr};
   xml::Handler* part_ = &body_;
@@ -84,7 +87,7 @@ class DocumentHandler final : public xml::Handler {
 }  // namespace
 
 std::optional<Document> read(std::span<const uint8_t> bytes) {
-  DocumentHandler handler;
+  DocumentHandler handler(bytes.size());
   const bool isWhole = xml::parse(bytes, nameTable(), handler);
   if (!handler.isDocument) return docx::read(bytes);
   if (!isWhole) return std::nullopt;
