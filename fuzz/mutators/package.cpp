@@ -7,13 +7,13 @@
 
 namespace {
 
-using namespace standin::formats;
+namespace containers = standin::formats::zip;
 
 bool isXml(const std::string& name) { return name.ends_with(".xml") || name.ends_with(".rels"); }
 
-std::vector<zip::Entry> entriesOf(fuzz::Bytes package) {
-  std::vector<zip::Entry> entries;
-  auto archive = zip::Archive::open(package);
+std::vector<containers::Entry> entriesOf(fuzz::Bytes package) {
+  std::vector<containers::Entry> entries;
+  auto archive = containers::Archive::open(package);
   if (!archive) return entries;
   for (const std::string& name : archive->names()) {
     if (auto contents = archive->read(name)) entries.push_back({name, *std::move(contents), false});
@@ -25,13 +25,13 @@ std::vector<zip::Entry> entriesOf(fuzz::Bytes package) {
 
 extern "C" size_t LLVMFuzzerCustomMutator(uint8_t* bytes, size_t size, size_t room, unsigned seed) {
   fuzz::Choices choices(seed);
-  std::vector<zip::Entry> entries;
+  std::vector<containers::Entry> entries;
   if (!choices.oneIn(20)) entries = entriesOf({bytes, size});
   if (entries.empty()) return LLVMFuzzerMutate(bytes, size, room);
-  zip::Entry& entry = choices.of(entries);
+  containers::Entry& entry = choices.of(entries);
   const size_t mostBytes = entry.contents.size() + 4096;
   entry.contents = isXml(entry.name) ? fuzz::mutatedMarkup(entry.contents, mostBytes, choices)
                                      : fuzz::mutatedBytes(entry.contents, mostBytes);
-  const std::optional<std::string> written = zip::write(entries);
+  const std::optional<std::string> written = containers::write(entries);
   return written ? fuzz::put(*written, bytes, size, room) : LLVMFuzzerMutate(bytes, size, room);
 }

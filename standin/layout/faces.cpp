@@ -113,14 +113,12 @@ Installed installed(const FcPattern* font) {
 }  // namespace
 
 FaceUse Faces::forFont(const text::Font& font) {
+  const auto key = std::pair(font.family, styleOf(font));
+  if (const auto known = byFont_.find(key); known != byFont_.end()) return known->second;
   if (byFont_.size() > mostFonts) return byFont_.begin()->second;
-  const auto [entry, isNew] = byFont_.try_emplace({font.family, styleOf(font)});
-  if (isNew) {
-    const Pattern found = installedFor(font);
-    const bool isUsable = found != nullptr && isReadable(found.get());
-    entry->second = use(isUsable ? installed<Installed>(found.get()) : Installed{{"", 0}, true, true}, font);
-  }
-  return entry->second;
+  const Pattern found = installedFor(font);
+  const bool isUsable = found != nullptr && isReadable(found.get());
+  return byFont_[key] = use(isUsable ? installed<Installed>(found.get()) : Installed{{"", 0}, true, true}, font);
 }
 
 // Those faces that between them have every character, the plainest first.

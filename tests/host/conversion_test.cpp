@@ -1,6 +1,8 @@
 // Values from kind to kind, strings from encoding to encoding.
 #include "host/runtime/conversion.hpp"
 
+#include <sys/mman.h>
+
 #include <limits>
 
 #include "host/runtime/date.hpp"
@@ -136,6 +138,17 @@ TEST_F(ConversionTest, StringsChangeTheirEncoding) {
     ASSERT_TRUE(there) << each.converter;
     EXPECT_EQ(convertBytes(*there, each.number, encodingUTF8), "plain text") << each.converter;
   }
+}
+
+// Their length is held in 32 bits. What is too long is not looked at.
+TEST_F(ConversionTest, StringsTooLongAreRefused) {
+  constexpr size_t tooMany = size_t{INT32_MAX} + 1;
+  void* const mapped = mmap(nullptr, tooMany, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  ASSERT_NE(mapped, MAP_FAILED);
+  const std::string_view bytes(static_cast<const char*>(mapped), tooMany);
+  EXPECT_EQ(thrownBy([&] { HostString::make(bytes); }), "OutOfMemoryException: The string is too long.");
+  EXPECT_EQ(thrownBy([&] { HostText::make(bytes); }), "OutOfMemoryException: The string is too long.");
+  munmap(mapped, tooMany);
 }
 
 TEST_F(ConversionTest, VariantsSayTheirTypeAndReadAsOthers) {

@@ -323,19 +323,55 @@ TEST(Language, Errors) {
   });
 }
 
-// Programs of a hostile shape end with a message.
-TEST(Language, DepthIsBounded) {
+// Programs of a hostile shape end with a message; those at the limits run.
+TEST(Language, ShapesAreBounded) {
   const auto repeated = [](const std::string& text, int times) {
     std::string result;
     for (int turn = 0; turn < times; ++turn) result += text;
     return result;
   };
-  EXPECT_NE(outcomeOf("Print " + repeated("(", 100000)).find("nested too deeply"), std::string::npos);
-  EXPECT_NE(outcomeOf("Print " + repeated("-", 100000)).find("nested too deeply"), std::string::npos);
-  EXPECT_NE(outcomeOf("Print " + repeated("Not ", 100000)).find("nested too deeply"), std::string::npos);
-  EXPECT_NE(outcomeOf("Print 1" + repeated("+1", 100000)).find("too long"), std::string::npos);
-  EXPECT_NE(outcomeOf(repeated("If True Then\n", 100000)).find("nested too deeply"), std::string::npos);
-  EXPECT_EQ(outcomeOf("Print 1" + repeated("+1", 3000)), "3001\n");
+  const std::string deep = "nested too deeply", isLong = "This statement is too long";
+  const struct {
+    std::string before, piece, after;  // the piece stands there as often as said, its end as often behind it
+    std::string end;
+    int most;
+    std::string message;
+  } rows[] = {
+      {"Print ", "(", "1", ")", 99, deep},
+      {"Print ", "Abs(", "1", ")", 99, deep},
+      {"Print ", "-", "1", "", 198, deep},
+      {"Print ", "Not ", "True", "", 198, deep},
+      {"", "If True Then\n", "Print 1\n", "End If\n", 198, deep},
+      {"Print 1", "+1", "", "", 4000, isLong},
+      {"Print \"a\"", ".Trim", "", "", 2000, isLong},
+  };
+  for (const auto& row : rows) {
+    const auto outcome = [&](int times) {
+      return outcomeOf(row.before + repeated(row.piece, times) + row.after + repeated(row.end, times));
+    };
+    EXPECT_EQ(outcome(row.most).find(row.message), std::string::npos) << row.piece;
+    for (const int tooMany : {row.most + 1, 100'000}) {
+      EXPECT_NE(outcome(tooMany).find(row.message), std::string::npos) << row.piece << tooMany;
+    }
+  }
+  EXPECT_EQ(outcomeOf("Print New Date(1" + repeated(",1", 16) + ")"),
+            "1:11: TypeMismatchException: No function takes that many arguments.\n");
+  EXPECT_EQ(outcomeOf("Print New Date(1" + repeated(",1", 15) + ")"),
+            "1:11: TypeMismatchException: No \"Constructor\" of Date takes these arguments.\n");
+}
+
+// Whoever runs a program can bound it, also one whose loop is empty or that catches everything.
+TEST(Language, StepsAreBounded) {
+  host::Runtime& runtime = host::Runtime::shared();
+  for (const char* source :
+       {"Do\nLoop", "While True\nTry\nDo\nLoop\nCatch\nEnd Try\nWend", "Dim i As Integer\nFor i = 1 To 99999\nNext"}) {
+    const host::LiveCounts before = runtime.live();
+    std::ostringstream output;
+    const auto failure = language::run(runtime, source, {"program.bas", {}, 1000}, output);
+    ASSERT_TRUE(failure) << source;
+    EXPECT_NE(failure->message.find("The program took too many steps."), std::string::npos) << failure->message;
+    EXPECT_TRUE(runtime.live() == before) << source;
+  }
 }
 
 TEST(Language, ProgramsSeeTheirArguments) {

@@ -194,9 +194,10 @@ TEST_F(FileWrappers, AttachmentsAreMadeOfImagesAndMadeAgain) {
   EXPECT_EQ(calls::get(cell, "image").asObject(), image.asObject());
   EXPECT_EQ(calls::handleOf(calls::get(attachment, "attachmentCell")), calls::handleOf(cell));
   EXPECT_TRUE(calls::get(attachment, "fileWrapper").isNil());
-  NSObject* first = calls::handleOf(attachment);
+  // Kept, so that the next one cannot lie at its place.
+  const Owned<NSObject> first = retain(calls::handleOf(attachment));
   calls::call(attachment, "Constructor(fileWrapper as NSFileWrapperZKT)", {file});
-  EXPECT_NE(calls::handleOf(attachment), first);
+  EXPECT_NE(calls::handleOf(attachment), static_cast<NSObject*>(first));
   EXPECT_EQ(calls::get(attachment, "fileWrapper").asObject(), file.asObject());
   EXPECT_NE(calls::handleOf(calls::get(attachment, "attachmentCell")), calls::handleOf(cell));
   calls::call(attachment, "Constructor(image as NSImageZKT)", {image});

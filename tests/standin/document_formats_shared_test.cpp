@@ -113,7 +113,7 @@ TEST(Xml, BytesMayComeInPiecesOfAnyLengthAndEnd) {
     EXPECT_EQ(xml::parse({source, mostAtOnce}, names, recorder), isGood);
     return recorder.record;
   };
-  for (const size_t piece : {1, 7, 1'000, 100'000})
+  for (const size_t piece : std::initializer_list<size_t>{1, 7, 1'000, 100'000})
     EXPECT_TRUE(read(piece, SIZE_MAX, document.size(), true) == expected) << piece;
   EXPECT_TRUE(expected.starts_with(read(1'000, 30'000, document.size(), false)));
   EXPECT_EQ(read(1'000, SIZE_MAX, 10'000, false), "");  // the tag is longer
@@ -161,7 +161,8 @@ TEST(Zip, EntriesOfAnySizeReadInPieces) {
     }
     return contents.substr(0, at);
   };
-  for (const size_t size : {0, 100'000, 20'000'000}) {  // the last is more than is inflated at once
+  for (const size_t size :
+       std::initializer_list<size_t>{0, 100'000, 20'000'000}) {  // the last is more than is inflated at once
     std::string contents(size, 'x');
     for (size_t at = 0; at < size; at += 997) contents[at] = static_cast<char>(at);
     std::string container = zip::write({{"a", contents}}).value();
