@@ -34,14 +34,19 @@ void gaveBack(size_t bytes) { held -= static_cast<int64_t>(bytes); }
 
 #ifdef FUZZ_HAS_SANITIZER
 
-#include <sanitizer/allocator_interface.h>
+// As clang's header declares them, which g++ lacks.
+extern "C" {
+size_t __sanitizer_get_allocated_size(const volatile void* memory);
+int __sanitizer_install_malloc_and_free_hooks(void (*allocated)(const volatile void*, size_t),
+                                              void (*freed)(const volatile void*));
+}
 
 namespace fuzz {
 namespace {
 
 void noteAllocation(const volatile void*, size_t bytes) { took(bytes); }
 void noteFree(const volatile void* memory) {
-  if (memory != nullptr) gaveBack(__sanitizer_get_allocated_size(const_cast<const void*>(memory)));
+  if (memory != nullptr) gaveBack(__sanitizer_get_allocated_size(memory));
 }
 [[maybe_unused]] const int installed = __sanitizer_install_malloc_and_free_hooks(noteAllocation, noteFree);
 

@@ -31,7 +31,8 @@ class ByteSource {
     return limit == UINT32_MAX ? value : value % (limit + 1);
   }
   std::string text(size_t most) {
-    const Bytes taken = rest_.first(std::min<size_t>(upTo(static_cast<uint32_t>(most)), rest_.size()));
+    const size_t wanted = upTo(static_cast<uint32_t>(most));
+    const Bytes taken = rest_.first(std::min(wanted, rest_.size()));
     rest_ = rest_.subspan(taken.size());
     return std::string(textOf(taken));
   }

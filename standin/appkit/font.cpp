@@ -9,6 +9,7 @@
 #include "standin/appkit/attributes.hpp"
 #include "standin/foundation/string.hpp"
 #include "standin/runtime/class_definition.hpp"
+#include "standin/runtime/exception.hpp"
 #include "standin/text/font_faces.hpp"
 
 using standin::foundation::newString;
@@ -91,12 +92,21 @@ Owned<NSFont> fontObject(const Font& font) {
   return made;
 }
 
+namespace {
+
+bool isFont(NSObject* object) { return isKindOf(object, fonts.object()); }
+
+}  // namespace
+
 Font fontIn(text::AttributeHandle attributes) {
   NSObject* font = attributeIn(attributes, NSFontAttributeName);
-  static ClassObject* const fontClass = reinterpret_cast<ClassObject*>(classOf<NSFont>());
-  return isKindOf(font, fontClass) ? fontOf(static_cast<NSFont*>(font)) : *text::fontNamed(regularFace, defaultSize);
+  return isFont(font) ? fontOf(static_cast<NSFont*>(font)) : *text::fontNamed(regularFace, defaultSize);
 }
 
-const Font& fontOf(NSFont* font) { return stateOf<FontState>(font).font; }
+// Attributes can hold any object where a font is expected.
+const Font& fontOf(NSFont* font) {
+  if (!isFont(font)) raise(NSInvalidArgumentException, describeMethod(font, "fontDescriptor") + ": unrecognized selector");
+  return stateOf<FontState>(font).font;
+}
 
 }  // namespace standin::appkit

@@ -221,7 +221,7 @@ bool parse(std::span<const uint8_t> bytes, const NameTable& names, Handler& hand
   size_t at = 0;
   const auto read = [&](char* to, int most) {
     const size_t count = std::min(bytes.size() - at, static_cast<size_t>(most));
-    std::memcpy(to, bytes.data() + at, count);
+    std::copy_n(bytes.begin() + static_cast<ptrdiff_t>(at), count, to);
     at += count;
     return static_cast<int>(count);
   };

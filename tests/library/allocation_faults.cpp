@@ -11,12 +11,15 @@ long made = 0;
 
 }  // namespace allocation_faults
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
   using namespace allocation_faults;
   ++made;
   const bool fails = left > 0 && --left == 0;
   if (fails) left = -1;
-  void* const memory = fails ? nullptr : std::malloc(size != 0 ? size : 1);
+  return fails ? nullptr : std::malloc(size != 0 ? size : 1);
+}
+void* operator new(std::size_t size) {
+  void* const memory = operator new(size, std::nothrow);
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }

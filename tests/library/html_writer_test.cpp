@@ -53,6 +53,14 @@ Owned<NSAttributedString> styled(const std::vector<Piece>& runs) {
 
 std::string written(const std::vector<Piece>& runs) { return utf8(unitsOf(html::htmlString_ZKT(styled(runs)))); }
 
+// Programs can put any object where attributes have a font.
+TEST_F(HtmlWriter, RefusesWhatIsNoFont) {
+  const auto text = styled({{u"x", static_cast<NSFont*>(static_cast<NSObject*>(link(u"bold")))}});
+  NSException* const raised = catchException([&] { html::htmlString_ZKT(text); });
+  ASSERT_NE(raised, nullptr);
+  EXPECT_TRUE(NSObject::isEqual(NSException::name(raised), NSInvalidArgumentException));
+}
+
 TEST_F(HtmlWriter, Fonts) {
   EXPECT_EQ(written({{u"x", font(12)}}), "x");
   EXPECT_EQ(written({{u"x", font(14, NSBoldFontMask)}}), "<b><font size=5>x</font></b>");
