@@ -14,8 +14,8 @@ std::span<const uint8_t> bytesOf(std::string_view text) {
 
 std::string number(uint32_t value) { return {reinterpret_cast<const char*>(&value), sizeof value}; }
 
-std::string bmp(uint32_t headerLength, uint32_t width, uint32_t height) {
-  return "BM"s + number(58) + number(0) + number(54) + number(headerLength) + number(width) + number(height) +
+std::string bmp(uint32_t headerLength, uint32_t width, uint32_t height, uint32_t pixelsPlace = 54) {
+  return "BM"s + number(58) + number(0) + number(pixelsPlace) + number(headerLength) + number(width) + number(height) +
          "\1\0\x18\0"s + std::string(24, '\0') + "\1\2\3\0"s;
 }
 
@@ -24,6 +24,7 @@ TEST(Pictures, HeadersThatClaimMoreThanThereIsAreNone) {
   for (const uint32_t length : {59U, 0x04017F00U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
     EXPECT_FALSE(pictures::sizeOf(bytesOf(bmp(length, 1, 1)))) << length;
     EXPECT_FALSE(pictures::decode(bytesOf(bmp(length, 1, 1)))) << length;
+    EXPECT_FALSE(pictures::decode(bytesOf(bmp(40, 1, 1, length)))) << length;
   }
 }
 

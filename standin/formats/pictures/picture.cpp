@@ -34,10 +34,11 @@ const FormatRow* rowOf(Format format) {
 }
 
 bool canBeDecoded(Bytes bytes) {
-  // The decoder takes as much memory as the header claims to be long.
-  constexpr size_t lengthPlace = 14;
+  // The decoder takes as much memory as the header claims to be long, and as lies before the pixels.
+  constexpr size_t pixelsPlace = 10, lengthPlace = 14;
   const Format format = formatOf(bytes.span());
-  return format != Format::unknown && (format != Format::bmp || bytes.read32(lengthPlace) <= bytes.size());
+  return format != Format::unknown &&
+         (format != Format::bmp || std::max(bytes.read32(pixelsPlace), bytes.read32(lengthPlace)) <= bytes.size());
 }
 
 struct Unreference {
