@@ -203,6 +203,22 @@ void length(const char* library) {
   });
 }
 
+// The same without the interpreter: the function that the class's record names.
+void lengthAlone(const char* library) {
+  loadWithSiblings(library);
+  const auto text = host::Runtime::shared().newInstance("NSAttributedStringZKT");
+  const auto methods = text->type->findMethods("initWithString");
+  const auto init = reinterpret_cast<bool (*)(host::HostObject*, host::HostString*)>(methods.front()->function);
+  const auto characters = host::HostString::make("text");
+  if (!init(text.get(), characters.get())) throw std::runtime_error("no text");
+  const host::Property* property = text->type->findProperty("Length");
+  const auto length = reinterpret_cast<int64_t (*)(host::HostObject*, int64_t)>(property->getter);
+  constexpr int calls = 1'000'000;
+  report(calls, rounds, [&] {
+    for (int call = 0; call < calls; ++call) length(text.get(), property->parameter);
+  });
+}
+
 // Documents.
 
 NSString* const* documentType(const std::string& format) {
@@ -260,6 +276,7 @@ const std::map<std::string, void (*)(const char*)>& paths() {
                                                                      {"to-platform", toPlatform},
                                                                      {"load", load},
                                                                      {"length", length},
+                                                                     {"length-alone", lengthAlone},
                                                                      {"to-host", toHost},
                                                                      {"read", read}};
   return table;

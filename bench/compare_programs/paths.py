@@ -6,7 +6,7 @@ Path = collections.namedtuple("Path", "command times_itself text")
 # `operations`: how many of what is measured our command runs, for instructions a piece.
 Row = collections.namedtuple("Row", "name target paths operations")
 
-PLACES, TURNS = 100_000, 200_000
+PLACES, TURNS, CALLS = 100_000, 200_000, 1_000_000
 
 
 def rows(bin_folder, build_folder):
@@ -71,6 +71,8 @@ def rows(bin_folder, build_folder):
     yield Row("load, REALPluginMain included", 1e-3, {"ours": load}, 1)
     length = {"ours": inside(ours, "length", f"{build_folder}/StyledTextZKT.so")}
     yield Row("Length, from a program's loop", 150e-9, length, TURNS)
+    alone = {"ours": inside(ours, "length-alone", f"{build_folder}/StyledTextZKT.so")}
+    yield Row("Length, the function alone", 10e-9, alone, CALLS)
 
     def converted(source, result, others):
         paths = {"ours": whole([tool, "convert", source, "-o", result])}

@@ -6,20 +6,13 @@
 #include <unicode/utf8.h>
 
 #include <algorithm>
-#include <cstring>
+
+#include "standin/foundation/transcoding.hpp"
 
 namespace standin::formats {
 
-// Eight bytes at a time.
 size_t lengthOfASCII(std::string_view text) {
-  constexpr uint64_t highBits = 0x8080808080808080;
-  size_t at = 0;
-  for (uint64_t word; at + sizeof word <= text.size(); at += sizeof word) {
-    std::memcpy(&word, text.data() + at, sizeof word);
-    if ((word & highBits) != 0) break;
-  }
-  while (at < text.size() && static_cast<uint8_t>(text[at]) < 0x80) ++at;
-  return at;
+  return foundation::asciiPrefix(reinterpret_cast<const uint8_t*>(text.data()), text.size());
 }
 
 void appendUnits(std::u16string& units, std::string_view utf8) {

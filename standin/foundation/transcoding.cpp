@@ -186,6 +186,9 @@ size_t asciiPrefix(const uint8_t* bytes, size_t count) {
                         load<Bytes16>(bytes + at + 48);
     if (!isZero(any & 0x80)) break;
   }
+  for (; count - at >= sizeof(uint64_t); at += sizeof(uint64_t)) {
+    if ((load<uint64_t>(bytes + at) & 0x8080808080808080) != 0) break;
+  }
   while (at != count && bytes[at] < 0x80) ++at;
   return at;
 }

@@ -32,13 +32,21 @@ TEST_F(HtmlReader, TextAndWhiteSpace) {
   });
 }
 
+std::u16string repeated(std::u16string_view piece, std::size_t units) {
+  std::u16string text;
+  while (text.size() < units) text += piece;
+  return text;
+}
+
 // Around the length of the blocks that are looked at in one go.
 TEST_F(HtmlReader, WhiteSpaceWhereverItStands) {
   for (const std::u16string_view space : {u" ", u"  ", u"\n", u" \t ", u"\u2003", u"\u00A0 "}) {
     for (std::size_t place = 1; place <= 40; ++place) {
-      const std::u16string head(place, u'x'), tail(41 - place, u'\u00E9');
-      const std::u16string source = head + std::u16string(space) + tail + std::u16string(space);
-      ASSERT_EQ(show(read(source)), "{12}" + utf8(head + u" " + tail + u" ")) << utf8(source);
+      for (const std::u16string_view rest : {u"\u00E9", u"y", u"y z"}) {
+        const std::u16string head(place, u'x'), tail = repeated(rest, 41 - place);
+        const std::u16string source = head + std::u16string(space) + tail + std::u16string(space);
+        ASSERT_EQ(show(read(source)), "{12}" + utf8(head + u" " + tail + u" ")) << utf8(source);
+      }
     }
   }
 }
@@ -193,12 +201,6 @@ TEST_F(HtmlReader, AMutableReceiverStaysMutable) {
   const auto styled = adopt(html::initWithHTML_ZKT(alloc<NSMutableAttributedString>(), newString(u"a<b>b")));
   NSMutableAttributedString::deleteCharactersInRange(styled, {0, 1});
   EXPECT_EQ(show(styled), "{12b}b ");
-}
-
-std::u16string repeated(std::u16string_view piece, std::size_t units) {
-  std::u16string text;
-  while (text.size() < units) text += piece;
-  return text;
 }
 
 // Ends at all, that is: what takes a quadratic time here would take hours.

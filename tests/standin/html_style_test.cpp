@@ -203,6 +203,7 @@ TEST(HtmlStyle, MatchesSelectors) {
       {"p:nth-child(2)", true},
       {"p:nth-child(2n + 1)", false},
       {"p:nth-child(even)", true},
+      {"p:nth-child(2 of .x)", false},
       {"p:nth-of-type(2)", true},
       {"p:nth-last-child(3)", true},
       {"p:nth-last-child(-n+2)", false},

@@ -1,6 +1,7 @@
 // Runs of attributes against a naive model that has a handle for every unit.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -94,6 +95,42 @@ TEST(Runs, AgreeWithTheModelOnAllSmallEdits) {
       }
     }
   }
+}
+
+// Every text of up to six units in three sets, every range of it, restyled to each of them; copies stay what they were.
+TEST(Runs, AgreeWithTheModelWhenAnyRangeIsRestyled) {
+  const Palette palette(3);
+  for (unsigned digits = 0; digits < 3 * 3 * 3 * 3 * 3 * 3; ++digits) {
+    const Model before = modelOf(palette, digits, 6);
+    for (const bool isShared : {false, true}) {
+      for (uint32_t from = 0; from < 6; ++from) {
+        for (uint32_t count = 1; from + count <= 6; ++count) {
+          const AttributeSet& style = palette[digits % 3];
+          SmallRuns runs = runsOf<SmallRuns>(before);
+          const SmallRuns copy = isShared ? runs : SmallRuns();
+          runs.restyle(from, count, [&](const AttributeSet&) { return style; });
+          Model model = before;
+          std::fill_n(model.begin() + from, count, style.handle());
+          expectSame(runs, model);
+          if (isShared) expectSame(copy, before);
+        }
+      }
+    }
+  }
+}
+
+TEST(Runs, OfOneKindTakeNoMemory) {
+  const Palette palette(2);
+  Runs runs(10, palette[1]);
+  runs.splice(3, 2, 5, palette[1]);
+  EXPECT_EQ(runs.bytesHeld(), 0U);
+  runs.splice(0, runs.length(), runs);
+  expectSame(runs, Model(13, palette[1].handle()));
+  runs.splice(6, 0, 1, palette[0]);
+  runs.splice(0, runs.length(), runs);
+  Model model(14, palette[1].handle());
+  model[6] = palette[0].handle();
+  expectSame(runs, model);
 }
 
 // One random edit of each kind, done to both.

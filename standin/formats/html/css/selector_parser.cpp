@@ -180,6 +180,7 @@ class Parser {
       std::erase_if(formula, isASCIISpace);
       if (formula == "odd") formula = "2n+1";
       if (formula == "even") formula = "2n";
+      if (formula.find_first_not_of("0123456789n+-") != std::string::npos) return false;
       const size_t variable = formula.find('n');
       if (variable != std::string::npos) {
         std::string step = formula.substr(0, variable);
