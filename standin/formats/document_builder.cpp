@@ -55,8 +55,8 @@ void DocumentBuilder::appendUTF8(std::string_view text, uint32_t style) {
   extend(static_cast<uint32_t>(document.text.size() - before), style);
 }
 
-size_t DocumentBuilder::cost() const {
-  return 3 * (document.text.size() * sizeof(char16_t) + document.runs.size() * sizeof(DocumentRun)) + styleBytes_;
+size_t DocumentBuilder::textCost() const {
+  return 3 * (document.text.size() * sizeof(char16_t) + document.runs.size() * sizeof(DocumentRun));
 }
 
 void DocumentBuilder::removeLast(size_t units) {

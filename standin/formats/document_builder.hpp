@@ -26,8 +26,9 @@ class DocumentBuilder {
   const std::u16string& text() const { return document.text; }
   const text::Style& style(uint32_t index) const { return document.styles[index]; }
 
-  // Bytes that it takes at most, also while it grows.
-  size_t cost() const;
+  // Bytes that it takes at most, also while it grows: the text and its runs, and the styles.
+  size_t textCost() const;
+  size_t styleCost() const { return styleBytes_; }
 
   // The information is the reader's to fill.
   Document document;

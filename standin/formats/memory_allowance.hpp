@@ -16,8 +16,10 @@ class MemoryAllowance {
 
   size_t most() const { return most_; }
   size_t left() const { return taken_ < most_ ? most_ - taken_ : 0; }
-  // What a document defines beside its text may take half, so that the text is read whatever there is of it.
-  bool isHalfSpent() const { return taken_ > most_ / 2; }
+  bool isSpent(size_t sixteenths) const { return taken_ > most_ / 16 * sixteenths; }
+  // What a document defines and its pictures may take half, so that the text is read whatever there is beside it.
+  bool isHalfSpent() const { return isSpent(8); }
+  size_t leftOfHalf() const { return isHalfSpent() ? 0 : most_ / 2 - taken_; }
   void take(size_t bytes) { taken_ += bytes; }
 
  private:

@@ -29,6 +29,41 @@ std::string_view viewOf(const xmlChar* text) {
   return text != nullptr ? reinterpret_cast<const char*>(text) : std::string_view();
 }
 
+// A document's bytes as those of an encoding in which ASCII is itself, as which most come. Of UTF-16 it is one byte for each
+// unit: what is beyond ASCII is of no interest here.
+class Narrowed {
+ public:
+  std::string_view of(std::string_view bytes) {
+    if (order_ == Order::unknown && bytes.size() > 1) order_ = orderOf(bytes);
+    if (order_ != Order::bigEndian && order_ != Order::littleEndian) return bytes;
+    narrow_.clear();
+    for (const char byte : bytes) add(byte);
+    return narrow_;
+  }
+
+ private:
+  enum class Order { unknown, narrow, bigEndian, littleEndian };
+
+  // By the mark, or as the first sign is one of ASCII.
+  static Order orderOf(std::string_view bytes) {
+    const auto first = static_cast<uint8_t>(bytes[0]), second = static_cast<uint8_t>(bytes[1]);
+    if (first == 0 || (first == 0xFE && second == 0xFF)) return Order::bigEndian;
+    return second == 0 || (first == 0xFF && second == 0xFE) ? Order::littleEndian : Order::narrow;
+  }
+  void add(char byte) {
+    if (std::exchange(hasHalf_, !hasHalf_)) {
+      const bool isBig = order_ == Order::bigEndian;
+      narrow_ += (isBig ? half_ : byte) == 0 ? (isBig ? byte : half_) : 'x';
+    }
+    half_ = byte;
+  }
+
+  Order order_ = Order::unknown;
+  bool hasHalf_ = false;
+  char half_ = 0;  // the first one of a unit whose second has not come
+  std::string narrow_;
+};
+
 // Counts the attributes of the tag in which the bytes so far end: too many are refused before the parser compares them.
 class TagWatch {
  public:
@@ -150,7 +185,7 @@ class Parse {
       failed_ = true;
     }
     fed_ += static_cast<size_t>(count);
-    watch_.add({to, static_cast<size_t>(count)});
+    watch_.add(narrowed_.of({to, static_cast<size_t>(count)}));
     return failed_ ? -1 : count;
   }
 
@@ -199,6 +234,7 @@ class Parse {
   Scopes scopes_;
   Handler& handler_;
   xmlParserCtxtPtr parser_ = nullptr;
+  Narrowed narrowed_;
   TagWatch watch_;
   std::vector<OpenElement> open_;
   std::vector<Attribute> attributes_;

@@ -31,7 +31,9 @@ Scopes::Known Scopes::lookUp(std::string_view qualified, bool hasDefault) const 
   const bool hasPrefix = colon != qualified.npos;
   const std::string_view prefix = hasPrefix ? qualified.substr(0, colon) : std::string_view();
   const std::string_view local = hasPrefix ? qualified.substr(colon + 1) : qualified;
-  return {names_.find(hasPrefix || hasDefault ? uriOf(prefix) : std::string_view(), local), local};
+  const std::string_view uri = hasPrefix || hasDefault ? uriOf(prefix) : std::string_view();
+  const bool isBound = !hasPrefix || !uri.empty();
+  return {isBound ? names_.find(uri, local) : unknownName, local};
 }
 
 }  // namespace standin::formats::xml

@@ -4,6 +4,7 @@
 #include <libdeflate.h>
 #include <zip.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "standin/formats/memory_allowance.hpp"
@@ -13,6 +14,9 @@ namespace {
 
 // An entry that is no larger is inflated in one piece, which takes a third of the time.
 constexpr uint64_t mostInOnePiece(uint64_t containerBytes) { return (uint64_t{4} << 20) + 8 * containerBytes; }
+
+// What is read in pieces takes no memory, but time: real tables are deflated to a hundredth.
+constexpr uint64_t mostInPieces(uint64_t containerBytes) { return (uint64_t{64} << 20) + 1000 * containerBytes; }
 
 struct CloseFile {
   void operator()(zip_file_t* file) const {
@@ -51,11 +55,11 @@ Archive::Reading readingOf(std::string contents) {
   };
 }
 
-// Damaged is also what goes on behind the size that the directory says.
+// Damaged is also what ends before the size that the directory says, or goes on behind it.
 Archive::Reading readingOf(std::shared_ptr<zip_file_t> file, uint64_t size) {
   return [file = std::move(file), left = size](char* to, int most) mutable {
     const zip_int64_t count = zip_fread(file.get(), to, static_cast<zip_uint64_t>(most));
-    if (count < 0 || static_cast<uint64_t>(count) > left) return -1;
+    if (count < 0 || static_cast<uint64_t>(count) > left || (count == 0 && left > 0)) return -1;
     left -= static_cast<uint64_t>(count);
     return static_cast<int>(count);
   };
@@ -77,22 +81,23 @@ std::optional<Archive> Archive::open(std::span<const uint8_t> bytes) {
   return Archive(archive, bytes.size());
 }
 
-Archive::Archive(::zip* handle, uint64_t size) : handle_(handle), size_(size), budget_(memoryBound(size)) {}
+Archive::Archive(::zip* handle, uint64_t size)
+    : handle_(handle), size_(size), budget_(memoryBound(size)), piecesBudget_(mostInPieces(size)) {}
 
 // What the directory claims is held against the archive's own size and the bound before memory is taken for it.
-std::optional<struct ::zip_stat> Archive::find(std::string_view name) const {
+std::optional<struct ::zip_stat> Archive::find(std::string_view name, uint64_t most) const {
   zip_stat_t entry;
   constexpr zip_uint64_t needed = ZIP_STAT_INDEX | ZIP_STAT_SIZE | ZIP_STAT_COMP_SIZE | ZIP_STAT_COMP_METHOD | ZIP_STAT_CRC;
   if (zip_stat(handle_.get(), std::string(name).c_str(), 0, &entry) != 0) return std::nullopt;
-  if ((entry.valid & needed) != needed || entry.comp_size > size_ || entry.size > budget_) return std::nullopt;
+  if ((entry.valid & needed) != needed || entry.comp_size > size_ || entry.size > most) return std::nullopt;
   if ((entry.valid & ZIP_STAT_ENCRYPTION_METHOD) != 0 && entry.encryption_method != ZIP_EM_NONE) return std::nullopt;
   if (entry.comp_method != ZIP_CM_DEFLATE && entry.comp_method != ZIP_CM_STORE) return std::nullopt;
   return entry;
 }
 
 std::optional<std::string> Archive::read(std::string_view name, uint64_t most) {
-  const auto entry = find(name);
-  if (!entry || entry->size > most) return std::nullopt;
+  const auto entry = find(name, std::min(most, budget_));
+  if (!entry) return std::nullopt;
   auto contents = rawBytes(handle_.get(), *entry);
   if (contents && entry->comp_method == ZIP_CM_DEFLATE) contents = inflated(*contents, entry->size);
   if (!contents || libdeflate_crc32(0, contents->data(), contents->size()) != entry->crc) return std::nullopt;
@@ -101,15 +106,15 @@ std::optional<std::string> Archive::read(std::string_view name, uint64_t most) {
 }
 
 std::optional<Archive::Reading> Archive::readInPieces(std::string_view name) {
-  const auto entry = find(name);
+  const auto entry = find(name, piecesBudget_);
   if (!entry) return std::nullopt;
-  if (entry->size <= mostInOnePiece(size_)) {
+  if (entry->size <= std::min(mostInOnePiece(size_), budget_)) {
     auto contents = read(name);
     return contents ? std::optional(readingOf(*std::move(contents))) : std::nullopt;
   }
   std::shared_ptr<zip_file_t> file(zip_fopen_index(handle_.get(), entry->index, 0), CloseFile());
   if (file == nullptr) return std::nullopt;
-  budget_ -= entry->size;
+  piecesBudget_ -= entry->size;
   return readingOf(std::move(file), entry->size);
 }
 

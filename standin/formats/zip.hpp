@@ -15,14 +15,15 @@ struct zip_stat;
 
 namespace standin::formats::zip {
 
-// Reads out no more than 50 times its size and 64 MB, all entries together.
+// Reads out no more than 50 times its size and 64 MB, all entries together, and in pieces as much again and more: 250 times
+// its size and 64 MB.
 class Archive {
  public:
   // Nothing when the bytes are no zip container. They must outlive the archive.
   static std::optional<Archive> open(std::span<const uint8_t> bytes);
 
   // Nothing when there is no such entry, it is damaged or encrypted, or it is larger than that or than what is left of the
-  // archive's bound.
+  // bound.
   std::optional<std::string> read(std::string_view name, uint64_t most = UINT64_MAX);
   // The same in pieces: puts up to so many bytes there and says how many, none at the end, -1 when the rest is damaged. It
   // does not outlive the archive, and holds 4 MB and eight times the container at most.
@@ -36,10 +37,11 @@ class Archive {
     void operator()(::zip* archive) const;
   };
   Archive(::zip* handle, uint64_t size);
-  std::optional<struct ::zip_stat> find(std::string_view name) const;
+  std::optional<struct ::zip_stat> find(std::string_view name, uint64_t most) const;
 
   std::unique_ptr<::zip, Close> handle_;
-  uint64_t size_, budget_;  // bytes: of the container, and still to be read out
+  uint64_t size_;                   // bytes of the container
+  uint64_t budget_, piecesBudget_;  // bytes still to be read out
 };
 
 struct Entry {

@@ -371,6 +371,14 @@ TEST(HtmlStyle, ObeysPresentationalAttributes) {
   EXPECT_EQ(paragraphOfX("<div dir=rtl><p>x").direction, WritingDirection::rightToLeft);
   EXPECT_EQ(paragraphOfX("<p dir=auto>x").direction, WritingDirection::natural);
   EXPECT_EQ(colorText(styleOfX("<table><tr bgcolor=#eeeeee><td>x").background), "eeeeee");
+  for (const char* table : {"<table><tr><td>a<tr><td>x", "<table><td>a<tr><td>x", "<table><tbody><td>a<tr><td>x"}) {
+    EXPECT_EQ(
+        colorText(
+            styleOfX(std::string("<style>table>tbody>tr:nth-child(2)>td{color:#abcdef} table>tr{color:red}</style>") + table)
+                .foreground),
+        "abcdef")
+        << table;
+  }
   EXPECT_EQ(colorText(styleOfX("<font color=' 00FF00 '>x").foreground), "00ff00");
   const struct {
     const char* size;

@@ -20,8 +20,7 @@ class Package {
   virtual ~Package() = default;
   // False when there is no such part, or it is not well-formed: what came before the fault was handed over.
   virtual bool parse(std::string_view part, xml::Handler& handler) = 0;
-  // Of a part that is no XML.
-  // Nothing when it has more than so many bytes.
+  // Those of a part that is no XML; nothing when there is none by the name, or it has more than so many bytes.
   virtual std::optional<std::string> bytes(std::string_view part, size_t most) = 0;
 };
 

@@ -13,13 +13,14 @@ constexpr bool isTablePart(Tag tag) {
          tag == Tag::tfoot || tag == Tag::tr || tag == Tag::td || tag == Tag::th;
 }
 
-// What a part of a table stands in.
+bool isCell(Tag tag) { return tag == Tag::td || tag == Tag::th; }
+bool isRowGroup(Tag tag) { return tag == Tag::tbody || tag == Tag::thead || tag == Tag::tfoot; }
+
+// What a part of a table stands in, if need be with groups and rows between that nobody wrote.
 bool canHold(Tag outer, Tag part) {
-  const bool isCell = part == Tag::td || part == Tag::th;
-  const bool isGroup = outer == Tag::tbody || outer == Tag::thead || outer == Tag::tfoot;
   if (outer == Tag::table) return true;
   if (part == Tag::col) return outer == Tag::colgroup;
-  return isCell ? outer == Tag::tr || isGroup : part == Tag::tr && isGroup;
+  return isCell(part) ? outer == Tag::tr || isRowGroup(outer) : part == Tag::tr && isRowGroup(outer);
 }
 
 // Formatting from outside these does not go on inside.
@@ -212,11 +213,17 @@ void TreeBuilder::enterTablePart(Tag starting) {
     const Tag tag = tree_.nodes_[open_[position]].tag;
     if (canHold(tag, starting)) {
       if (position + 1 < open_.size()) popThrough(position + 1);
+      if (current() == Tag::table && (starting == Tag::tr || isCell(starting))) openUnwritten(Tag::tbody, "tbody");
+      if (isRowGroup(current()) && isCell(starting)) openUnwritten(Tag::tr, "tr");
       return;
     }
   }
   endParagraph();
   if (const size_t position = find(starting, 0)) popThrough(position);
+}
+
+void TreeBuilder::openUnwritten(Tag tag, std::string_view name) {
+  open(newElement({Token::startTag, tag, name, {}, false, {}}));
 }
 
 size_t TreeBuilder::find(Tag tag, int boundaryTraits, Tag boundary) const {

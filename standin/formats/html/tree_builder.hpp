@@ -19,6 +19,7 @@ class TreeBuilder {
   void startInBody(const Token& token);
   void takeContentOf(const Token& token);
   void endBefore(Tag starting);
+  void openUnwritten(Tag tag, std::string_view name);
   void endListItem(Tag starting);
   void enterTablePart(Tag starting);
   void endBlock(Tag tag, std::string_view name);

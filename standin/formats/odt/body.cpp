@@ -36,7 +36,8 @@ Body::Body(const Library& library, PartSource parts, MemoryAllowance& allowance,
 
 // What encodes a picture grows thrice, and is decoded after that.
 bool Body::isFull() const {
-  return builder_.cost() + styles_.cost() + numbering_.cost() + 4 * binary_.size() > allowance_.left();
+  return builder_.textCost() + builder_.styleCost() + styles_.cost() + numbering_.cost() + 4 * binary_.size() >
+         allowance_.left();
 }
 
 struct Body::ElementRow {

@@ -16,7 +16,7 @@ constexpr size_t placeCost = 400;
 Pictures::Attachment Pictures::pictureOf(std::string bytes) {
   const std::span contents(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
   const bool isShown = pictures::formatOf(contents) != pictures::Format::unknown && pictures::sizeOf(contents);
-  if (!isShown) return nullptr;
+  if (!isShown || bytes.size() > allowance_.leftOfHalf()) return nullptr;
   allowance_.take(bytes.size());
   return pictures::newAttachment(std::move(bytes), {});
 }
@@ -35,9 +35,8 @@ Pictures::Attachment Pictures::linked(const xml::Element& image) {
   if (name.empty()) return nullptr;
   const auto [known, isNew] = loaded_.try_emplace(std::string(name));
   if (isNew) {
-    // None takes all that is left, which the text needs.
     allowance_.take(name.size() + placeCost);
-    if (auto bytes = parts_(known->first, allowance_.left() / 2)) known->second = pictureOf(*std::move(bytes));
+    if (auto bytes = parts_(known->first, allowance_.leftOfHalf())) known->second = pictureOf(*std::move(bytes));
   }
   return sized(known->second);
 }

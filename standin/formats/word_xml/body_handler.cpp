@@ -42,6 +42,7 @@ constexpr UnitRow unitRows[] = {
 };
 
 constexpr size_t longestTarget = 16'384;  // bytes of a link that is one
+constexpr size_t mostCaptured = 65'536;   // bytes of a run that wait for its end
 
 // Comments and deleted text of the edition of 2003.
 bool isSkippedAnnotation(const xml::Element& element) {
@@ -55,10 +56,11 @@ bool isSkipped(const xml::Element& element) {
   return std::find(std::begin(skippedElements), std::end(skippedElements), name) != std::end(skippedElements);
 }
 
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view space = " \t\r\n";
+constexpr std::string_view space = " \t\r\n";
+
+std::string_view trimmedAtStart(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(space), text.size()));
-  return text.substr(0, text.find_last_not_of(space) + 1);
+  return text;
 }
 
 }  // namespace
@@ -164,17 +166,20 @@ void BodyHandler::startDocumentElement(const xml::Element& element) {
 void BodyHandler::capture(const xml::Element& element) {
   const auto space = find(element, Name::space);
   isCapturing_ = true;
+  isText_ = isAtStart_ = nameOf(element) == Name::text;
   textPreservesSpace_ = space ? *space == "preserve" : preservesSpace_;
   captured_.clear();
   if (nameOf(element) == Name::binaryData) dataName_ = valueOf(element, Name::name);
 }
 
 void BodyHandler::characters(std::string_view text) {
-  if (isCapturing_ && skipped_ == 0) captured_ += text;
+  if (!isCapturing_ || skipped_ > 0) return;
+  captured_ += text;
+  if (isText_ && captured_.size() > mostCaptured) appendCaptured(false);
 }
 
-// What is captured grows thrice, and becomes text after that.
-bool BodyHandler::isFull() const { return text_.cost() + 9 * captured_.size() > definitions_.allowance.left(); }
+// What encodes a picture grows thrice, and is decoded after that.
+bool BodyHandler::isFull() const { return text_.cost() + 4 * captured_.size() > definitions_.allowance.left(); }
 
 void BodyHandler::openLink(const xml::Element& element) {
   const auto id = find(element, Name::relationshipId);
@@ -257,18 +262,32 @@ void BodyHandler::endInline(Name name) {
   }
 }
 
-// Ends of lines in the file are spaces of the text.
+// Ends of lines in the file are spaces of the text. Space that may turn out to be the run's last waits.
+void BodyHandler::appendCaptured(bool isEnd) {
+  std::string_view text = isAtStart_ && !textPreservesSpace_ ? trimmedAtStart(captured_) : std::string_view(captured_);
+  std::string waiting;
+  if (!textPreservesSpace_) {
+    const size_t end = text.find_last_not_of(space) + 1;
+    if (!isEnd) waiting = text.substr(end);
+    text = text.substr(0, end);
+  }
+  isAtStart_ = isAtStart_ && text.empty();
+  if (text.find_first_of("\r\n") == text.npos) {
+    text_.append(text);
+  } else {
+    std::string line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+    text_.append(line);
+  }
+  captured_ = std::move(waiting);
+}
+
 void BodyHandler::endCapture(Name name) {
   isCapturing_ = false;
   if (name == Name::instruction) text_.fields.addInstruction(captured_);
   if (name == Name::binaryData) drawings_.add(std::move(dataName_), bytesOfBase64(captured_));
-  if (name != Name::text) return;
-  const std::string_view text = textPreservesSpace_ ? std::string_view(captured_) : trimmed(captured_);
-  if (text.find('\n') == text.npos && text.find('\r') == text.npos) return text_.append(text);
-  std::string line(text);
-  std::replace_if(
-      line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-  text_.append(line);
+  if (name == Name::text) appendCaptured(true);
 }
 
 Document BodyHandler::finish() {

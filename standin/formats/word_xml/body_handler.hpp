@@ -35,6 +35,7 @@ class BodyHandler final : public xml::Handler {
   void endInline(Name name);
   void capture(const xml::Element& element);
   void endCapture(Name name);
+  void appendCaptured(bool isEnd);
   void openLink(const xml::Element& element);
   void appendBreak(const xml::Element& element);
   void appendSymbol(const xml::Element& element);
@@ -50,6 +51,8 @@ class BodyHandler final : public xml::Handler {
   Page page_;
   int skipped_ = 0;  // open elements whose content does not count
   bool isCapturing_ = false, preservesSpace_ = false, textPreservesSpace_ = false;
+  bool isText_ = false;     // what is captured
+  bool isAtStart_ = false;  // none of it is in the text yet
   std::string captured_, dataName_;
 };
 

@@ -86,12 +86,12 @@ void BodyText::append(char16_t unit) {
 }
 
 void BodyText::append(const std::shared_ptr<const text::Attachment>& attachment, std::string_view ownLink) {
-  if (attachment == nullptr || !isShown()) return;
+  if (attachment == nullptr || !palette_.hasRoom() || !isShown()) return;
   beginText(Script::western);
   text::Style style = builder_.style(styleOfRun(Script::western, {}));
   style.link = ownLink.empty() ? std::u16string(link()) : unitsOf(ownLink);
   style.attachment = attachment;
-  builder_.append(text::attachmentCharacter, builder_.intern(style));
+  builder_.append(text::attachmentCharacter, palette_.intern(style));
 }
 
 // The mark looks like the text before it unless something is said of it. A paragraph without text whose mark is deleted or

@@ -32,8 +32,8 @@ class BodyText {
   void append(const std::shared_ptr<const text::Attachment>& attachment, std::string_view link);
 
   size_t size() const { return builder_.text().size(); }
-  // Bytes that it takes at most, also while it grows.
-  size_t cost() const { return builder_.cost() + palette_.cost() + openBytes_; }
+  // Bytes that it takes at most, also while it grows, without the looks of its text: those are taken from the allowance.
+  size_t cost() const { return builder_.textCost() + palette_.cost() + openBytes_; }
   // The whole; the last paragraph has no end.
   Document finish();
 

@@ -55,6 +55,7 @@ void Drawings::startElement(const xml::Element& element) {
 }
 
 void Drawings::add(std::string name, std::string bytes) {
+  if (bytes.size() > allowance_.leftOfHalf()) return;
   allowance_.take(bytes.size() + name.size() + placeCost);
   pictures_[std::move(name)] = attachmentOf(std::move(bytes));
 }
@@ -62,8 +63,7 @@ void Drawings::add(std::string name, std::string bytes) {
 const text::Attachment* Drawings::find(std::string_view id) {
   const auto known = pictures_.find(id);
   if (known != pictures_.end()) return known->second.get();
-  // None takes all that is left, which the text needs.
-  std::optional<std::string> bytes = resources_ != nullptr ? resources_->picture(id, allowance_.left() / 2) : std::nullopt;
+  std::optional<std::string> bytes = resources_ != nullptr ? resources_->picture(id, allowance_.leftOfHalf()) : std::nullopt;
   allowance_.take((bytes ? bytes->size() : 0) + id.size() + placeCost);
   return pictures_.emplace(id, bytes ? attachmentOf(*std::move(bytes)) : nullptr).first->second.get();
 }

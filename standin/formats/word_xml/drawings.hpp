@@ -22,7 +22,7 @@ class Drawings {
   void startElement(const xml::Element& element);
   // The picture that the element shows: nil for one that cannot be shown.
   std::shared_ptr<const text::Attachment> pictureOf(const xml::Element& element);
-  // The bytes of pictures that will be shown by this name.
+  // The bytes of the picture that will be shown by this name; not more than pictures may take.
   void add(std::string name, std::string bytes);
   // Empty when it is none.
   const std::string& link() const { return link_; }

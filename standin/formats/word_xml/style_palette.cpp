@@ -6,13 +6,16 @@ namespace {
 
 // Bytes of a look beside its own and its key: the tabs, its place in the map, the character style that it names.
 constexpr size_t besideLook = 1'500;
+// Of the allowance, in sixteenths: far more than real documents need. What paragraphs are may take a little more than what
+// runs are.
+constexpr size_t mostForRuns = 9, mostForParagraphs = 10;
+constexpr uint32_t plainNumber = UINT32_MAX;  // of plain looks
 
 }  // namespace
 
-// Looks have a quarter of the allowance, far more than real documents need: what comes then looks like something else.
-bool StylePalette::takesLook(size_t bytes) {
-  if (looksCost_ + bytes > definitions_.allowance.most() / 4) return false;
-  looksCost_ += bytes;
+bool StylePalette::takesLook(size_t bytes, size_t sixteenths) {
+  if (definitions_.allowance.isSpent(sixteenths)) return false;
+  definitions_.allowance.take(bytes);
   return true;
 }
 
@@ -22,23 +25,43 @@ const ParagraphLook& StylePalette::paragraph(const PropertyCollector& properties
   ((paragraphKey_ += tableStyle) += properties.run.bytes()) += properties.paragraph.bytes();
   const auto known = paragraphs_.find(paragraphKey_);
   if (known != paragraphs_.end()) return known->second;
-  const bool isTaken = takesLook(sizeof(ParagraphLook) + paragraphKey_.size() + besideLook);
-  if (!isTaken && !paragraphs_.empty()) return paragraphs_.begin()->second;
-  ParagraphLook& look = paragraphs_[paragraphKey_];
-  look = makeParagraph(properties, tableStyle);
-  look.number = static_cast<uint32_t>(paragraphs_.size());
+  ParagraphLook look = makeParagraph(properties, tableStyle);
+  if (!takesLook(sizeof look + paragraphKey_.size() + besideLook, mostForParagraphs)) return plainParagraph(look);
+  look.number = static_cast<uint32_t>(paragraphs_.size() + 1);
+  return paragraphs_.emplace(paragraphKey_, std::move(look)).first->second;
+}
+
+const ParagraphLook& StylePalette::plainParagraph(const ParagraphLook& meant) {
+  const auto [known, isNew] = plainParagraphs_.try_emplace(
+      std::array<int, 4>{meant.isHidden(), meant.hidesMark(), meant.breaksPage, meant.joinsNext});
+  ParagraphLook& look = known->second;
+  if (!isNew) return look;
+  look = makeParagraph({}, {});
+  look.number = plainNumber;
+  look.run.hidden = meant.isHidden();
+  look.mark.hidden = meant.hidesMark();
+  look.breaksPage = meant.breaksPage;
+  look.joinsNext = meant.joinsNext;
   return look;
 }
 
 const RunLook& StylePalette::run(const PropertyRecord& properties) {
   const auto known = runs_.find(properties.bytes());
   if (known != runs_.end()) return known->second;
-  const bool isTaken = takesLook(sizeof(RunLook) + properties.bytes().size() + besideLook);
-  if (!isTaken && !runs_.empty()) return runs_.begin()->second;
-  RunLook& look = runs_[properties.bytes()];
-  look = {static_cast<uint32_t>(runs_.size()), runFormattingOf(properties, definitions_.theme),
-          valueIn(properties, Name::runStyle)};
+  RunLook look = makeRun(properties);
+  if (!takesLook(sizeof look + properties.bytes().size() + besideLook, mostForRuns)) return plainRun(look.hidden);
+  look.number = static_cast<uint32_t>(runs_.size() + 1);
+  return runs_.emplace(properties.bytes(), std::move(look)).first->second;
+}
+
+RunLook StylePalette::makeRun(const PropertyRecord& properties) const {
+  RunLook look{0, runFormattingOf(properties, definitions_.theme), valueIn(properties, Name::runStyle), {}};
+  look.hidden = look.direct.hidden ? look.direct.hidden : definitions_.styles.run(look.style).hidden;
   return look;
+}
+
+const RunLook& StylePalette::plainRun(std::optional<bool> hidden) {
+  return plainRuns_.try_emplace(hidden, RunLook{plainNumber, {}, {}, hidden}).first->second;
 }
 
 // A list that the paragraph itself is put on comes before its own indents.
@@ -89,33 +112,57 @@ RunFormatting StylePalette::formattingOf(const ParagraphLook& paragraph, const R
   return formatting;
 }
 
-const StylePalette::Entry& StylePalette::entry(const ParagraphLook& paragraph, const RunLook* run, Script script) {
+uint32_t StylePalette::entry(const ParagraphLook& paragraph, const RunLook* run, Script script) {
   const Key key{paragraph.number, run != nullptr ? run->number : 0, script};
-  if (last_ != nullptr && key == lastKey_) return *last_;
-  auto known = entries_.find(key);
-  const bool isTaken = last_ == nullptr || builder_.cost() < definitions_.allowance.most() / 2;
-  if (known == entries_.end() && !isTaken) return *last_;
-  if (known == entries_.end()) {
-    const RunFormatting formatting = run != nullptr ? formattingOf(paragraph, *run) : paragraph.mark;
-    text::Style style = styleOf(formatting, formatting.isComplex.value_or(false) ? Script::complex : script);
-    style.paragraph = paragraph.layout;
-    known = entries_.emplace(key, Entry{builder_.intern(style), formatting.hidden.value_or(false)}).first;
+  if (last_ && key == lastKey_) return *last_;
+  const auto known = entries_.find(key);
+  if (known != entries_.end()) {
+    last_ = known->second;
+  } else {
+    last_ = definitions_.allowance.isSpent(mostForRuns) ? plainEntry(paragraph) : newEntry(key, paragraph, run);
   }
   lastKey_ = key;
-  last_ = &known->second;
   return *last_;
 }
 
-uint32_t StylePalette::style(const ParagraphLook& paragraph, const RunLook* run, Script script, std::u16string_view link) {
-  const uint32_t index = entry(paragraph, run, script).style;
-  if (link.empty()) return index;
-  text::Style style = builder_.style(index);
-  style.link = link;
-  return builder_.intern(style);
+// That of the paragraph's own characters, or of plain ones where that is too much as well.
+uint32_t StylePalette::plainEntry(const ParagraphLook& paragraph) {
+  const Key own{paragraph.number, plainNumber, Script::western}, plain{plainNumber, plainNumber, Script::western};
+  const RunLook& run = plainRun({});
+  for (const Key& key : {own, plain}) {
+    if (const auto known = entries_.find(key); known != entries_.end()) return known->second;
+    if (key == own && hasRoom()) return newEntry(own, paragraph, &run);
+  }
+  return newEntry(plain, plainParagraph({}), &run);
 }
 
-bool StylePalette::isHidden(const ParagraphLook& paragraph, const RunLook* run) {
-  return entry(paragraph, run, Script::western).isHidden;
+uint32_t StylePalette::newEntry(const Key& key, const ParagraphLook& paragraph, const RunLook* run) {
+  const RunFormatting formatting = run != nullptr ? formattingOf(paragraph, *run) : paragraph.mark;
+  text::Style style = styleOf(formatting, formatting.isComplex.value_or(false) ? Script::complex : key.script);
+  style.paragraph = paragraph.layout;
+  return entries_.emplace(key, intern(style)).first->second;
+}
+
+bool StylePalette::hasRoom() const { return !definitions_.allowance.isSpent(mostForParagraphs); }
+
+uint32_t StylePalette::intern(const text::Style& style) {
+  const size_t before = builder_.styleCost();
+  const uint32_t index = builder_.intern(style);
+  definitions_.allowance.take(builder_.styleCost() - before);
+  return index;
+}
+
+uint32_t StylePalette::style(const ParagraphLook& paragraph, const RunLook* run, Script script, std::u16string_view link) {
+  const uint32_t index = entry(paragraph, run, script);
+  if (link.empty() || !hasRoom()) return index;
+  text::Style style = builder_.style(index);
+  style.link = link;
+  return intern(style);
+}
+
+bool StylePalette::isHidden(const ParagraphLook& paragraph, const RunLook* run) const {
+  if (run == nullptr) return paragraph.hidesMark();
+  return run->hidden.value_or(paragraph.isHidden());
 }
 
 }  // namespace standin::formats::word_xml

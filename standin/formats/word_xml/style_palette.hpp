@@ -1,8 +1,9 @@
 // The styles of a document's runs, each made once for the formatting that it comes from.
 #pragma once
 
-#include <deque>
-#include <functional>
+#include <array>
+#include <map>
+#include <optional>
 #include <unordered_map>
 
 #include "standin/formats/document_builder.hpp"
@@ -20,6 +21,9 @@ struct ParagraphLook {
   bool breaksPage = false;
   bool joinsNext = false;        // the mark is deleted
   bool hasMarkOfItsOwn = false;  // something is said of the mark
+
+  bool isHidden() const { return run.hidden.value_or(false); }
+  bool hidesMark() const { return mark.hidden.value_or(false); }
 };
 
 // What the properties of a run say, before it is part of a paragraph.
@@ -27,15 +31,18 @@ struct RunLook {
   uint32_t number = 0;
   RunFormatting direct;
   std::string style;
+  std::optional<bool> hidden;  // by either
 };
 
+// Looks and styles are taken from the definitions' allowance. Past their share, what is new looks plain; what is hidden is
+// so always.
 class StylePalette {
  public:
   // Both outlive the palette.
-  StylePalette(const Definitions& definitions, DocumentBuilder& builder) : definitions_(definitions), builder_(builder) {}
+  StylePalette(Definitions& definitions, DocumentBuilder& builder) : definitions_(definitions), builder_(builder) {}
 
-  // Bytes that the looks take; the styles are the builder's.
-  size_t cost() const { return looksCost_ + entries_.size() * entryCost; }
+  // Bytes of its own beside them.
+  size_t cost() const { return entries_.size() * entryCost; }
 
   // The looks are the palette's, and stay.
   const ParagraphLook& paragraph(const PropertyCollector& properties, const std::string& tableStyle);
@@ -43,7 +50,11 @@ class StylePalette {
 
   // The builder's index of the style; of the paragraph's mark when `run` is nil.
   uint32_t style(const ParagraphLook& paragraph, const RunLook* run, Script script, std::u16string_view link);
-  bool isHidden(const ParagraphLook& paragraph, const RunLook* run);
+  bool isHidden(const ParagraphLook& paragraph, const RunLook* run) const;
+  // Whether there may be more links and pictures.
+  bool hasRoom() const;
+  // The builder's index of any other style.
+  uint32_t intern(const text::Style& style);
 
  private:
   struct Key {
@@ -56,29 +67,31 @@ class StylePalette {
       return (size_t{key.paragraph} << 32 | key.run) * 0x9E3779B97F4A7C15u + static_cast<size_t>(key.script);
     }
   };
-  struct Entry {
-    uint32_t style;
-    bool isHidden;
-  };
-
   static constexpr size_t entryCost = 64;
 
-  bool takesLook(size_t bytes);
-  const Entry& entry(const ParagraphLook& paragraph, const RunLook* run, Script script);
+  bool takesLook(size_t bytes, size_t sixteenths);
+  const ParagraphLook& plainParagraph(const ParagraphLook& meant);
+  const RunLook& plainRun(std::optional<bool> hidden);
+  uint32_t entry(const ParagraphLook& paragraph, const RunLook* run, Script script);
+  uint32_t plainEntry(const ParagraphLook& paragraph);
+  uint32_t newEntry(const Key& key, const ParagraphLook& paragraph, const RunLook* run);
+  RunLook makeRun(const PropertyRecord& properties) const;
   RunFormatting formattingOf(const ParagraphLook& paragraph, const RunLook& run) const;
   void applyCharacterStyle(RunFormatting& run, const std::string& style) const;
   ParagraphLook makeParagraph(const PropertyCollector& properties, const std::string& tableStyle) const;
   ParagraphProperties resolve(ParagraphProperties beneath, const ParagraphProperties& direct) const;
 
-  const Definitions& definitions_;
+  Definitions& definitions_;
   DocumentBuilder& builder_;
   std::unordered_map<std::string, ParagraphLook> paragraphs_;
   std::unordered_map<std::string, RunLook> runs_;
   std::string paragraphKey_;  // kept for its memory
-  std::unordered_map<Key, Entry, KeyHash> entries_;
+  // By what they say of hidden text, of breaks and of deleted marks.
+  std::map<std::array<int, 4>, ParagraphLook> plainParagraphs_;
+  std::map<std::optional<bool>, RunLook> plainRuns_;
+  std::unordered_map<Key, uint32_t, KeyHash> entries_;
   Key lastKey_{};
-  const Entry* last_ = nullptr;
-  size_t looksCost_ = 0;  // bytes
+  std::optional<uint32_t> last_;  // the entry of that key
 };
 
 }  // namespace standin::formats::word_xml

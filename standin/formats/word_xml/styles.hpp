@@ -20,10 +20,17 @@ class Styles {
   bool add(const std::string& id, std::optional<std::string> parent, ParagraphProperties paragraph, RunFormatting run);
   bool contains(const std::string& id) const { return ids_.contains(id); }
   // With what it inherits, the defaults left out; nothing said for an unknown style.
-  const ParagraphProperties& paragraph(const std::string& id) const { return paragraphs_.resolve(id); }
-  const RunFormatting& run(const std::string& id) const { return runs_.resolve(id); }
+  const ParagraphProperties& paragraph(const std::string& id) const { return known(paragraphs_, id); }
+  const RunFormatting& run(const std::string& id) const { return known(runs_, id); }
 
  private:
+  // Sheets keep what they are asked for, and names that are none may be any number.
+  template <class Formatting>
+  const Formatting& known(const StyleSheet<std::string, Formatting>& sheet, const std::string& id) const {
+    static const Formatting nothing{};
+    return contains(id) ? sheet.resolve(id) : nothing;
+  }
+
   std::set<std::string> ids_;
   StyleSheet<std::string, ParagraphProperties> paragraphs_;
   StyleSheet<std::string, RunFormatting> runs_;
