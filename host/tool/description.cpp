@@ -1,6 +1,8 @@
 // Which properties tell what objects are, as rows; and the two ways to write it all down.
 #include "host/tool/description.hpp"
 
+#include <cmath>
+
 #include "host/runtime/array.hpp"
 #include "host/runtime/conversion.hpp"
 #include "host/runtime/dictionary.hpp"
@@ -60,7 +62,7 @@ std::string colorText(const Value& color) {
   constexpr char digits[] = "0123456789ABCDEF";
   std::string text = "#";
   for (const char* component : {"redComponent", "greenComponent", "blueComponent", "alphaComponent"}) {
-    const auto byte = static_cast<unsigned>(host::toDouble(get(rgb, component)) * 255 + 0.5) & 255;
+    const auto byte = static_cast<unsigned>(std::lround(host::toDouble(get(rgb, component)) * 255)) & 255;
     (text += digits[byte >> 4]) += digits[byte & 15];
   }
   if (text.ends_with("FF")) text.resize(text.size() - 2);

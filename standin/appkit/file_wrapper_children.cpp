@@ -36,10 +36,10 @@ void forgetParent(NSFileWrapper* child, FileWrapper& parent) {
 
 // Children of a directory that is going. A chain of directories goes one after the other, not one inside the other, so that
 // its depth does not matter.
-void letGo(std::map<std::string, Owned<NSFileWrapper>> children) {
+void letGo(std::map<std::string, Owned<NSFileWrapper>>&& children) {
   static std::vector<Owned<NSFileWrapper>> waiting;
   static bool isBusy = false;
-  for (auto& [key, child] : children) waiting.push_back(std::move(child));
+  for (auto& [key, child] : children) waiting.insert(waiting.end(), std::move(child));
   if (isBusy) return;
   isBusy = true;
   while (!waiting.empty()) {

@@ -27,6 +27,8 @@ void removeTree(const std::string& path) {
   }
 }
 
+std::string inside(std::string folder, const std::string& name) { return (std::move(folder) += '/') += name; }
+
 // What is removed at the end, with all that is in it. `errno` stays.
 class Removal {
  public:
@@ -111,9 +113,9 @@ class TreeWriter {
   FileOutcome makeDirectory(FileWrapper& wrapper, const std::string& path, const std::string& place) {
     if (::mkdir(path.c_str(), 0777) != 0) return failedWriting(path);
     for (const auto& [key, child] : wrapper.children) {
-      const std::string below = path + "/" + key;
+      const std::string below = inside(path, key);
       if (!isFileName(key)) return {EILSEQ, below, foundation::FileAccess::writing};
-      if (FileOutcome outcome = write(wrapperState(child), below, place + "/" + key); !outcome) return outcome;
+      if (FileOutcome outcome = write(wrapperState(child), below, inside(place, key)); !outcome) return outcome;
     }
     return {};
   }

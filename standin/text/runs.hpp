@@ -51,9 +51,9 @@ class BasicRuns {
     void stepToLeaf();
 
     const BasicRuns* runs_;
-    typename Tree::Place place_;  // unless there is a single run
-    RunSpan entries_;             // of the leaf
-    uint32_t index_;              // of the run among these
+    typename Tree::Place place_{};  // unless there is a single run
+    RunSpan entries_;               // of the leaf
+    uint32_t index_;                // of the run among these
     uint32_t start_;
   };
 
