@@ -16,7 +16,9 @@ namespace {
 constexpr uint64_t mostInOnePiece(uint64_t containerBytes) { return (uint64_t{4} << 20) + 8 * containerBytes; }
 
 // What is read in pieces takes no memory, but time: real tables are deflated to a hundredth.
-constexpr uint64_t mostInPieces(uint64_t containerBytes) { return (uint64_t{64} << 20) + 1000 * containerBytes; }
+constexpr uint64_t mostInPieces(uint64_t containerBytes) {
+  return std::min((uint64_t{64} << 20) + 250 * containerBytes, uint64_t{2} << 30);
+}
 
 struct CloseFile {
   void operator()(zip_file_t* file) const {

@@ -15,8 +15,8 @@ struct zip_stat;
 
 namespace standin::formats::zip {
 
-// Reads out no more than 50 times its size and 64 MB, all entries together, and in pieces as much again and more: 250 times
-// its size and 64 MB.
+// Reads out no more than 50 times its size and 64 MB, all entries together, and in pieces 250 times its size and 64 MB, but
+// no more than 2 GB.
 class Archive {
  public:
   // Nothing when the bytes are no zip container. They must outlive the archive.

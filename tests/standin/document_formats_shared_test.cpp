@@ -47,12 +47,49 @@ TEST(Xml, NamesAreKnownByNamespaceWhateverTheirPrefix) {
   EXPECT_EQ(recorded("<x:a xmlns:x='urn:one' x:v='1' v='2'><y:b xmlns:y='urn:other-one'/><x:unknown/><plain/></x:a>"),
             "<1 4='1' 5='2'><2></2><-1></-1><3></3></1>");
   EXPECT_EQ(recorded("<a xmlns='urn:nobody'><plain xmlns=''/></a>"), "<-1><3></3></-1>");
+  EXPECT_EQ(recorded("<plain q:v='1'><q:plain/></plain>"), "<3><-1></-1></3>");
 }
 
 TEST(Xml, CharactersComeInUTF8FromAnyEncoding) {
   EXPECT_EQ(recorded("<?xml version='1.0' encoding='ISO-8859-1'?><plain>\xE9&amp;&#x20AC;</plain>"), "<3>é&€</3>");
   EXPECT_EQ(recorded(std::string_view("\xFF\xFE<\0p\0l\0a\0i\0n\0>\0\xE9\0<\0/\0p\0l\0a\0i\0n\0>\0", 34)), "<3>é</3>");
   EXPECT_EQ(recorded("<plain v='a&amp;b&lt;&#9;'><![CDATA[<&]]></plain>"), "<3 5='a&b<\t'><&</3>");
+}
+
+TEST(Xml, UTF16IsReadWhateverItsBytesLookLikeAndBoundedAsWell) {
+  const auto utf16 = [](std::u16string_view text, bool isBig) {
+    std::string bytes;
+    for (const char16_t unit : text) {
+      const auto high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
+      bytes += isBig ? high : low;
+      bytes += isBig ? low : high;
+    }
+    return bytes;
+  };
+  std::u16string text = u"\u4E3C\u3C4E", wide = u"<plain";
+  for (int count = 0; count < 20'000; ++count) text += u"\u4E3D\u3D4E";
+  for (int index = 0; index < 20'000; ++index) {
+    wide += u" a";
+    for (const char digit : std::to_string(index)) wide += static_cast<char16_t>(digit);
+    wide += u"=''";
+  }
+  for (const bool isBig : {true, false}) {
+    for (const char16_t* start : {u"\uFEFF", u"<?xml version='1.0' encoding='UTF-16'?>"}) {
+      const std::string record = recorded(utf16(start + (u"<plain>" + text + u"</plain>"), isBig));
+      EXPECT_TRUE(record.starts_with("<3>丼㱎丽㵎")) << isBig << record.substr(0, 40);
+      EXPECT_EQ(record.size(), 3 * text.size() + 7);
+      Recorder recorder;
+      size_t fed = 0;
+      const std::string document = utf16(start + (wide + u"/>"), isBig);
+      const auto source = [&](char* to, int most) {
+        const size_t count = document.copy(to, static_cast<size_t>(most), fed);
+        fed += count;
+        return static_cast<int>(count);
+      };
+      EXPECT_FALSE(xml::parse({source, document.size()}, names, recorder));
+      EXPECT_LT(fed, document.size() / 4) << "refused before the parser compares all attributes";
+    }
+  }
 }
 
 TEST(Xml, EntitiesOfTheDocumentAreRefused) {
@@ -184,10 +221,28 @@ TEST(Zip, DamageIsNoArchiveAndBombsEndAtTheBound) {
   ASSERT_TRUE(archive);
   EXPECT_TRUE(archive->read("a"));
   EXPECT_FALSE(archive->read("b"));
+  EXPECT_TRUE(archive->readInPieces("b")) << "what is not kept may be more";
   auto damaged = *bomb;
   for (size_t at = 40; at < 4'000; at += 7) damaged[at] = static_cast<char>(damaged[at] ^ 0x55);
   archive = zip::Archive::open(bytesOf(damaged));
   EXPECT_FALSE(archive && archive->read("a"));
+}
+
+TEST(Zip, APartInPiecesThatIsNotAsLongAsSaidIsDamaged) {
+  const std::string whole = *zip::write({{"a", std::string(20 << 20, 'a')}});
+  for (const int change : {-1, 0, 1}) {
+    std::string container = whole;
+    constexpr size_t sizeInDirectory = 24;
+    const size_t place = container.rfind("PK\1\2") + sizeInDirectory;
+    container[place] = static_cast<char>(container[place] + change);  // the lowest byte is 0
+    if (change < 0) container[place + 2] = static_cast<char>(container[place + 2] - 1), container[place + 1] = '\xFF';
+    auto archive = zip::Archive::open(bytesOf(container));
+    ASSERT_TRUE(archive);
+    auto read = archive->readInPieces("a");
+    int last = read ? 1 : -1;
+    for (std::vector<char> piece(1 << 20); last > 0;) last = (*read)(piece.data(), static_cast<int>(piece.size()));
+    EXPECT_EQ(last, change == 0 ? 0 : -1) << change;
+  }
 }
 
 TEST(StyleSheets, InheritAndEndCircles) {

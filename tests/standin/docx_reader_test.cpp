@@ -497,7 +497,7 @@ TEST(DocxReader, RefusesWhatIsNoDocumentAndBoundsWhatIsHostile) {
     bool isRead;
   } rows[] = {
       {"text that comes to more than the memory it may take", docxOf(paragraph(text(std::string(12 << 20, 'a')))), false},
-      {"links without number", docxOf(repeated("<w:hyperlink w:anchor=\"x#\">" + plain + "</w:hyperlink>", 300'000)), false},
+      {"links without number", docxOf(repeated("<w:hyperlink w:anchor=\"x#\">" + plain + "</w:hyperlink>", 300'000)), true},
       {"nested links of 1 MB",
        docxOf(repeated("<w:hyperlink r:id=\"link\">", 1'900) + plain + repeated("</w:hyperlink>", 1'900),
               {{"word/_rels/document.xml.rels", tests::relationships({{"link", "hyperlink", std::string(1 << 20, 'a')}})}}),
@@ -531,6 +531,68 @@ TEST(DocxReader, RefusesWhatIsNoDocumentAndBoundsWhatIsHostile) {
     altered[at] = static_cast<char>(altered[at] ^ 0x55);
     read(tests::bytesOf(altered));
   }
+}
+
+// Many looks, much text and many pictures beside each other: each has its share.
+TEST(DocxReader, WhatIsTooMuchIsPlainAndHiddenTextStaysHidden) {
+  const auto run = [](const std::string& properties, const std::string& content) {
+    return "<w:r><w:rPr>" + properties + "</w:rPr><w:t>" + content + "</w:t></w:r>";
+  };
+  const std::string hidden = "<w:vanish/>", look = "<w:b/><w:spacing w:val=\"#\"/>";
+  const std::string styles = wordRoot("styles",
+                                      "<w:style w:type=\"character\" w:styleId=\"H\"><w:rPr><w:vanish/></w:rPr></w:style>"
+                                      "<w:style w:type=\"paragraph\" w:styleId=\"P\"><w:rPr><w:vanish/></w:rPr></w:style>");
+  const std::string looks = repeated(paragraph(run("<w:spacing w:val=\"#\"/>", "v")), 20'000);
+  const std::string inStyle = "<w:pStyle w:val=\"P\"/>";
+  const std::string others =
+      repeated(paragraph(run(hidden + look, "h")), 300) +
+      repeated(paragraph(run("<w:rStyle w:val=\"H\"/>" + look, "h")), 300) +
+      repeated(paragraph(run(look, "h") + run("<w:vanish w:val=\"0\"/>" + look, "V"), inStyle), 300) +
+      repeated(paragraph(run(look, "h") + run("<w:vanish w:val=\"0\"/>" + look, "V"), inStyle + "<w:ind w:left=\"#\"/>"),
+               9'000);
+  for (const int before : {0, 1}) {
+    const std::string document = paragraph(run(hidden, "h")) + (before > 0 ? others : "") + looks + others;
+    const Document read = readDocx(document, {{"word/styles.xml", styles}});
+    EXPECT_EQ(std::count(read.text.begin(), read.text.end(), u'h'), 0);
+    EXPECT_EQ(std::count(read.text.begin(), read.text.end(), u'v'), 20'000);
+    EXPECT_EQ(std::count(read.text.begin(), read.text.end(), u'V'), 9'300 * (1 + before));
+  }
+}
+
+TEST(DocxReader, LongTextCostsNoLooks) {
+  const std::string seven(7 << 20, 'a');
+  const std::string last = "<w:r><w:rPr><w:i/><w:color w:val=\"FF0000\"/></w:rPr><w:t>last</w:t></w:r>";
+  for (const std::string& text : {paragraph(text(seven)), repeated(paragraph(text(std::string(7 << 10, 'a'))), 1 << 10)}) {
+    const Document read = readDocx(text + paragraph(last));
+    ASSERT_TRUE(read.text.ends_with(u"last"));
+    EXPECT_TRUE(styleAt(read, read.text.size() - 1).font->italic());
+    EXPECT_EQ(styleAt(read, read.text.size() - 1).foreground, rgb(1, 0, 0));
+  }
+  std::string spaced(200'000, ' ');  // longer than what is kept of a run
+  spaced[100'000] = spaced[150'000] = 'x';
+  const Document read = readDocx(paragraph(text(spaced)));
+  EXPECT_EQ(read.text.size(), 50'001u);
+  EXPECT_TRUE(read.text.starts_with(u'x') && read.text.ends_with(u'x'));
+}
+
+TEST(DocxReader, PicturesLeaveTheTextItsShare) {
+  constexpr int count = 300;
+  const std::string picture = tests::pixel + std::string(300'000, '\0');
+  Parts parts;
+  std::string document;
+  std::vector<std::array<std::string, 3>> rows;
+  for (int number = 0; number < count; ++number) {
+    const std::string name = "p" + std::to_string(number);
+    parts["word/media/" + name] = picture;
+    document +=
+        paragraph(text(std::string(2'000, 'a')) + "<w:r><w:drawing><a:blip r:embed=\"" + name + "\"/></w:drawing></w:r>");
+    rows.push_back({name, "image", "media/" + name});
+  }
+  parts["word/_rels/document.xml.rels"] = tests::relationships(rows);
+  const Document read = readDocx(document, parts);
+  EXPECT_EQ(std::count(read.text.begin(), read.text.end(), u'a'), count * 2'000);
+  const auto shown = std::count(read.text.begin(), read.text.end(), u'\uFFFC');
+  EXPECT_TRUE(shown > 50 && shown < count) << shown;
 }
 
 }  // namespace

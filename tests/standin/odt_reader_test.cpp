@@ -472,15 +472,17 @@ TEST(OdtReader, BoundsWhatFewBytesAskFor) {
   EXPECT_FALSE(parsed(content(p(std::string(12 << 20, 'a')))));
   Parts pictures;
   std::string frames;
-  for (int number = 0; number < 60; ++number) {
+  for (int number = 0; number < 100; ++number) {
     pictures.push_back({"p" + std::to_string(number), pixel + std::string(1 << 20, '\0')});
     frames += "<draw:frame><draw:image xlink:href=\"p" + std::to_string(number) + "\"/></draw:frame>";
   }
-  pictures.push_back({"content.xml", part("document-content", body(p(frames + "end")))});
+  const std::string pages(3 << 20, 'a');
+  pictures.push_back({"content.xml", part("document-content", body(p(frames + pages + "end")))});
   const auto document = parsed(package(pictures));  // pictures that would take too much are left out, the text is not
   ASSERT_TRUE(document);
   EXPECT_TRUE(document->text.ends_with(u"end"));
   EXPECT_LT(document->styles.size(), 60u);
+  EXPECT_GT(document->text.size(), pages.size());
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ Pictures::Attachment Pictures::linked(const xml::Element& image) {
   for (const std::string_view prefix : {"#", "./"}) {
     if (name.starts_with(prefix)) name.remove_prefix(prefix.size());
   }
-  if (name.empty()) return nullptr;
+  if (name.empty() || allowance_.isHalfSpent()) return nullptr;
   const auto [known, isNew] = loaded_.try_emplace(std::string(name));
   if (isNew) {
     allowance_.take(name.size() + placeCost);

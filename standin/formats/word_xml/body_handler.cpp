@@ -169,17 +169,18 @@ void BodyHandler::capture(const xml::Element& element) {
   isText_ = isAtStart_ = nameOf(element) == Name::text;
   textPreservesSpace_ = space ? *space == "preserve" : preservesSpace_;
   captured_.clear();
+  enough_ = mostCaptured;
   if (nameOf(element) == Name::binaryData) dataName_ = valueOf(element, Name::name);
 }
 
 void BodyHandler::characters(std::string_view text) {
   if (!isCapturing_ || skipped_ > 0) return;
   captured_ += text;
-  if (isText_ && captured_.size() > mostCaptured) appendCaptured(false);
+  if (isText_ && captured_.size() > enough_) appendCaptured(false);
 }
 
-// What encodes a picture grows thrice, and is decoded after that.
-bool BodyHandler::isFull() const { return text_.cost() + 4 * captured_.size() > definitions_.allowance.left(); }
+// What is captured grows thrice, and becomes a picture or text after that.
+bool BodyHandler::isFull() const { return text_.cost() + 9 * captured_.size() > definitions_.allowance.left(); }
 
 void BodyHandler::openLink(const xml::Element& element) {
   const auto id = find(element, Name::relationshipId);
@@ -265,14 +266,8 @@ void BodyHandler::endInline(Name name) {
 // Ends of lines in the file are spaces of the text. Space that may turn out to be the run's last waits.
 void BodyHandler::appendCaptured(bool isEnd) {
   std::string_view text = isAtStart_ && !textPreservesSpace_ ? trimmedAtStart(captured_) : std::string_view(captured_);
-  std::string waiting;
-  if (!textPreservesSpace_) {
-    const size_t end = text.find_last_not_of(space) + 1;
-    if (!isEnd) waiting = text.substr(end);
-    text = text.substr(0, end);
-  }
-  isAtStart_ = isAtStart_ && text.empty();
-  if (text.find_first_of("\r\n") == text.npos) {
+  if (!textPreservesSpace_) text = text.substr(0, text.find_last_not_of(space) + 1);
+  if (text.find('\n') == text.npos && text.find('\r') == text.npos) {
     text_.append(text);
   } else {
     std::string line(text);
@@ -280,7 +275,10 @@ void BodyHandler::appendCaptured(bool isEnd) {
         line.begin(), line.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
     text_.append(line);
   }
-  captured_ = std::move(waiting);
+  if (isEnd) return;
+  isAtStart_ = isAtStart_ && text.empty();
+  captured_.erase(0, text.empty() ? 0 : static_cast<size_t>(text.data() + text.size() - captured_.data()));
+  enough_ = mostCaptured + 2 * captured_.size();
 }
 
 void BodyHandler::endCapture(Name name) {

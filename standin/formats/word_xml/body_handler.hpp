@@ -54,6 +54,7 @@ class BodyHandler final : public xml::Handler {
   bool isText_ = false;     // what is captured
   bool isAtStart_ = false;  // none of it is in the text yet
   std::string captured_, dataName_;
+  size_t enough_ = 0;  // bytes of captured text that are put into the text before its end
 };
 
 }  // namespace standin::formats::word_xml

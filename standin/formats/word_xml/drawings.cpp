@@ -69,6 +69,7 @@ const text::Attachment* Drawings::find(std::string_view id) {
 }
 
 std::shared_ptr<const text::Attachment> Drawings::pictureOf(const xml::Element& element) {
+  if (allowance_.isHalfSpent()) return nullptr;
   const Name attribute = nameOf(element) == Name::blip ? Name::embed
                          : resources_ != nullptr       ? Name::relationshipId
                                                        : Name::source;
