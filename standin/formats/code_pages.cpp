@@ -5,7 +5,7 @@
 #include <unicode/ucnv_cb.h>
 #include <unicode/ucnv_err.h>
 
-#include "standin/formats/utf8.hpp"
+#include "standin/text/ascii.hpp"
 
 namespace standin::formats {
 namespace {
@@ -94,7 +94,7 @@ void Decoder::append(std::u16string& out, std::string_view bytes, int codePage) 
   if (codePage == symbolCodePage) {
     for (const char byte : bytes)
       out += static_cast<char16_t>(byte >= 0 && byte < 0x20 ? byte : 0xF000 + static_cast<uint8_t>(byte));
-  } else if (lengthOfASCII(bytes) == bytes.size()) {
+  } else if (text::lengthOfASCII(bytes) == bytes.size()) {
     out.append(bytes.begin(), bytes.end());
   } else if (UConverter* converter = converterFor(codePage)) {
     const size_t old = out.size();

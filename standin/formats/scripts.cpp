@@ -8,7 +8,7 @@
 #include <array>
 #include <optional>
 
-#include "standin/formats/utf8.hpp"
+#include "standin/text/ascii.hpp"
 
 namespace standin::formats {
 namespace {
@@ -52,7 +52,7 @@ bool isAsian(char16_t unit) {
 size_t stretchOfScript(std::string_view text, Script& script) {
   const auto* bytes = reinterpret_cast<const uint8_t*>(text.data());
   const auto length = static_cast<int32_t>(text.size());
-  if (script == Script::western && lengthOfASCII(text) == text.size()) return text.size();
+  if (script == Script::western && standin::text::lengthOfASCII(text) == text.size()) return text.size();
   std::optional<Script> found;
   for (int32_t at = 0, start = 0; at < length; start = at) {
     UChar32 character;

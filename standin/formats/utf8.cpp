@@ -7,19 +7,15 @@
 
 #include <algorithm>
 
-#include "standin/foundation/transcoding.hpp"
+#include "standin/text/ascii.hpp"
 
 namespace standin::formats {
-
-size_t lengthOfASCII(std::string_view text) {
-  return foundation::asciiPrefix(reinterpret_cast<const uint8_t*>(text.data()), text.size());
-}
 
 void appendUnits(std::u16string& units, std::string_view utf8) {
   const auto* bytes = reinterpret_cast<const uint8_t*>(utf8.data());
   const auto length = static_cast<int32_t>(utf8.size());
   for (int32_t at = 0; at < length;) {
-    const size_t count = lengthOfASCII(utf8.substr(static_cast<size_t>(at)));
+    const size_t count = text::lengthOfASCII(utf8.substr(static_cast<size_t>(at)));
     const size_t before = units.size();
     units.resize(before + count);
     std::copy_n(bytes + at, count, units.begin() + static_cast<ptrdiff_t>(before));

@@ -5,6 +5,8 @@
 #include <bit>
 #include <cstring>
 
+#include "standin/text/ascii.hpp"
+
 namespace standin::foundation {
 namespace {
 
@@ -180,17 +182,7 @@ uint32_t ordered(uint32_t unit) {
 }  // namespace
 
 size_t asciiPrefix(const uint8_t* bytes, size_t count) {
-  size_t at = 0;
-  for (; count - at >= 64; at += 64) {
-    const Bytes16 any = load<Bytes16>(bytes + at) | load<Bytes16>(bytes + at + 16) | load<Bytes16>(bytes + at + 32) |
-                        load<Bytes16>(bytes + at + 48);
-    if (!isZero(any & 0x80)) break;
-  }
-  for (; count - at >= sizeof(uint64_t); at += sizeof(uint64_t)) {
-    if ((load<uint64_t>(bytes + at) & 0x8080808080808080) != 0) break;
-  }
-  while (at != count && bytes[at] < 0x80) ++at;
-  return at;
+  return text::lengthOfASCII({reinterpret_cast<const char*>(bytes), count});
 }
 
 bool isLatin1(const char16_t* units, size_t count) {
