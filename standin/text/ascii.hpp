@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -20,13 +19,12 @@ constexpr bool equalIgnoringCase(std::string_view left, std::string_view right) 
 // How many bytes at the start are below 0x80.
 inline size_t lengthOfASCII(std::string_view text) {
   constexpr uint64_t highBits = 0x8080808080808080;
-  using Block = std::array<uint64_t, 8>;
+  using Words = uint64_t __attribute__((vector_size(16)));
   size_t at = 0;
-  for (Block block; text.size() - at >= sizeof block; at += sizeof block) {
-    std::memcpy(&block, text.data() + at, sizeof block);
-    uint64_t any = 0;
-    for (const uint64_t word : block) any |= word;
-    if ((any & highBits) != 0) break;
+  for (Words words[4]; text.size() - at >= sizeof words; at += sizeof words) {
+    std::memcpy(&words, text.data() + at, sizeof words);
+    const Words any = words[0] | words[1] | words[2] | words[3];
+    if (((any[0] | any[1]) & highBits) != 0) break;
   }
   for (uint64_t word; text.size() - at >= sizeof word; at += sizeof word) {
     std::memcpy(&word, text.data() + at, sizeof word);
