@@ -12,6 +12,9 @@ constexpr size_t memoryBound(size_t documentBytes) { return 50 * documentBytes +
 // it moves. Past the allowance it stops.
 class MemoryAllowance {
  public:
+  // Bytes of a picture beside its own: its place in the maps, and what it is in a size.
+  static constexpr size_t picturePlace = 400;
+
   explicit MemoryAllowance(size_t documentBytes) : most_(memoryBound(documentBytes) - uncounted(documentBytes)) {}
 
   size_t most() const { return most_; }

@@ -102,8 +102,37 @@ class SummedTree {
     void takeFrom(Branch& other, uint32_t first);
   };
 
-  // Every branch but the root has two children or more: 32-bit positions need no higher tree.
-  static constexpr uint32_t greatestHeight = 34;
+  // The way down through branches that nobody shares, with the sums that it passes.
+  class Path {
+   public:
+    explicit Path(SummedTree& tree) : node_(&tree.root_) { sums_[levels_++] = &tree.total_; }
+
+    bool isAtLeaf() const { return (*node_)->height == 0; }
+    bool canGoOn() const { return !isAtLeaf() && node_->isUnique() && levels_ < sums_.size(); }
+    Branch& branch() const { return branchOf(node_->get()); }
+    void enter(uint32_t child) {
+      Branch& entered = branch();
+      sums_[levels_++] = &entered.sums[child];
+      node_ = &entered.children[child];
+    }
+    Reference& node() const { return *node_; }
+    // Of what is below.
+    const Sum& sum() const { return *sums_[levels_ - 1]; }
+    // Brings all the sums up to date.
+    void change(const Sum& lost, const Sum& added) {
+      for (uint32_t level = 0; level < levels_; ++level) {
+        *sums_[level] -= lost;
+        *sums_[level] += added;
+      }
+    }
+
+   private:
+    // Every branch but the root has two children or more: 32-bit positions need no higher tree.
+    std::array<Sum*, 34> sums_;
+    uint32_t levels_ = 0;
+    Reference* node_;
+  };
+
   static constexpr uint32_t capacityOf(uint16_t height) { return height == 0 ? Leaf::capacity : fanOut; }
   static Leaf& leafOf(TreeNode* node) { return *static_cast<Leaf*>(node); }
   static Branch& branchOf(TreeNode* node) { return *static_cast<Branch*>(node); }

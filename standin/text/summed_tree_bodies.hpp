@@ -207,51 +207,36 @@ void TREE::replace(uint32_t from, uint32_t removed, const Content& inserted) {
 
 TREE_TEMPLATE
 bool TREE::extend(const Content& content) {
-  std::array<Sum*, greatestHeight> sums;
-  uint32_t levels = 0;
-  sums[levels++] = &total_;
-  Reference* node = &root_;
-  while ((*node)->height > 0 && node->isUnique() && levels < sums.size()) {
-    Branch& branch = branchOf(node->get());
-    sums[levels++] = &branch.sums[branch.count - 1];
-    node = &branch.children[branch.count - 1];
-  }
-  const uint32_t count = (*node)->height > 0 ? 0 : leafOf(node->get()).count() + Leaf::countOf(content);
-  if (count == 0 || count > Leaf::capacity) return false;
-  Leaf& leaf = writableLeaf(*node, count);
-  const Sum added = Leaf::sumOf(content);
-  leaf.append(content);
-  while (levels-- > 0) *sums[levels] += added;
+  Path path(*this);
+  while (path.canGoOn()) path.enter(path.branch().count - 1);
+  if (!path.isAtLeaf()) return false;
+  const uint32_t count = leafOf(path.node().get()).count() + Leaf::countOf(content);
+  if (count > Leaf::capacity) return false;
+  writableLeaf(path.node(), count).append(content);
+  path.change(Sum{}, Leaf::sumOf(content));
   return true;
 }
 
 TREE_TEMPLATE
 bool TREE::editInPlace(uint32_t from, uint32_t removed, const Content& inserted) {
-  std::array<Sum*, greatestHeight> sums;
-  uint32_t levels = 0;
-  sums[levels++] = &total_;
-  Reference* node = &root_;
-  while ((*node)->height > 0 && node->isUnique() && levels < sums.size()) {
-    Branch& branch = branchOf(node->get());
-    const uint32_t child = descend(branch, sums[levels - 1]->units, from);
+  Path path(*this);
+  while (path.canGoOn()) {
+    const Branch& branch = path.branch();
+    const uint32_t child = descend(branch, path.sum().units, from);
     if (removed > branch.sums[child].units - from) return false;
-    sums[levels++] = &branch.sums[child];
-    node = &branch.children[child];
+    path.enter(child);
   }
-  if ((*node)->height > 0 || !node->isUnique()) return false;
-  Leaf& leaf = leafOf(node->get());
+  if (!path.isAtLeaf() || !path.node().isUnique()) return false;
+  Leaf& leaf = leafOf(path.node().get());
   const Extent extent = leaf.extent(from, removed);
   const uint32_t count = leaf.count() - extent.count + Leaf::countOf(inserted);
   // Only a leaf that loses entries can become too small beside its neighbours.
-  const uint32_t fewest = node == &root_ ? 1 : capacityOf(0) / 4 + 1;
+  const uint32_t fewest = &path.node() == &root_ ? 1 : capacityOf(0) / 4 + 1;
   if (count < std::min(fewest, leaf.count()) || count > Leaf::capacity || !leaf.hasRoom(count)) return false;
-  const Sum former = *sums[levels - 1];
+  const Sum former = path.sum();
   Sum sum = former;
   leaf.replace(extent, inserted, sum);
-  while (levels-- > 0) {
-    *sums[levels] -= former;
-    *sums[levels] += sum;
-  }
+  path.change(former, sum);
   return true;
 }
 

@@ -6,12 +6,6 @@
 #include "standin/formats/units.hpp"
 
 namespace standin::formats::odt {
-namespace {
-
-// Bytes of a picture beside its own: its place in the maps, and what it is in a size.
-constexpr size_t placeCost = 400;
-
-}  // namespace
 
 Pictures::Attachment Pictures::pictureOf(std::string bytes) {
   const std::span contents(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
@@ -35,7 +29,7 @@ Pictures::Attachment Pictures::linked(const xml::Element& image) {
   if (name.empty() || allowance_.isHalfSpent()) return nullptr;
   const auto [known, isNew] = loaded_.try_emplace(std::string(name));
   if (isNew) {
-    allowance_.take(name.size() + placeCost);
+    allowance_.take(name.size() + MemoryAllowance::picturePlace);
     if (auto bytes = parts_(known->first, allowance_.leftOfHalf())) known->second = pictureOf(*std::move(bytes));
   }
   return sized(known->second);
@@ -46,7 +40,7 @@ Pictures::Attachment Pictures::embedded(std::string_view base64) { return sized(
 Pictures::Attachment Pictures::sized(const Attachment& picture) {
   if (isFilled_ || picture == nullptr) return nullptr;
   isFilled_ = true;
-  allowance_.take(placeCost);
+  allowance_.take(MemoryAllowance::picturePlace);
   return sized_.of(*picture, width_, height_);
 }
 

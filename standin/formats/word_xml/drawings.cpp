@@ -21,9 +21,6 @@ std::optional<double> lengthIn(std::string_view style, std::string_view property
   return std::nullopt;
 }
 
-// Bytes of a picture beside its own: its place in the maps, and what it is in a size.
-constexpr size_t placeCost = 400;
-
 std::shared_ptr<const text::Attachment> attachmentOf(std::string bytes) {
   if (!pictures::sizeOf({reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size()})) return nullptr;
   return pictures::newAttachment(std::move(bytes), {});
@@ -56,7 +53,7 @@ void Drawings::startElement(const xml::Element& element) {
 
 void Drawings::add(std::string name, std::string bytes) {
   if (bytes.size() > allowance_.leftOfHalf()) return;
-  allowance_.take(bytes.size() + name.size() + placeCost);
+  allowance_.take(bytes.size() + name.size() + MemoryAllowance::picturePlace);
   pictures_[std::move(name)] = attachmentOf(std::move(bytes));
 }
 
@@ -64,7 +61,7 @@ const text::Attachment* Drawings::find(std::string_view id) {
   const auto known = pictures_.find(id);
   if (known != pictures_.end()) return known->second.get();
   std::optional<std::string> bytes = resources_ != nullptr ? resources_->picture(id, allowance_.leftOfHalf()) : std::nullopt;
-  allowance_.take((bytes ? bytes->size() : 0) + id.size() + placeCost);
+  allowance_.take((bytes ? bytes->size() : 0) + id.size() + MemoryAllowance::picturePlace);
   return pictures_.emplace(id, bytes ? attachmentOf(*std::move(bytes)) : nullptr).first->second.get();
 }
 
@@ -76,7 +73,7 @@ std::shared_ptr<const text::Attachment> Drawings::pictureOf(const xml::Element& 
   const std::string_view id = valueOf(element, attribute);
   const text::Attachment* picture = id.empty() ? nullptr : find(id);
   if (picture == nullptr) return nullptr;
-  allowance_.take(placeCost);
+  allowance_.take(MemoryAllowance::picturePlace);
   return sized_.of(*picture, width_, height_);
 }
 
