@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "host/runtime/exception.hpp"
+#include "host/runtime/file_contents.hpp"
 
 namespace language {
 
@@ -34,9 +35,7 @@ std::string readFile(const std::string& path) {
 }
 
 void writeFile(const std::string& path, std::string_view bytes) {
-  errno = 0;
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush()) throwFileError(path);
+  if (!host::replaceContents(path, bytes)) throwFileError(path);
 }
 
 }  // namespace language

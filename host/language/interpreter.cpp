@@ -10,6 +10,7 @@
 #include "host/language/files.hpp"
 #include "host/language/frame.hpp"
 #include "host/language/program.hpp"
+#include "host/language/try.hpp"
 
 namespace language {
 namespace {
@@ -31,7 +32,7 @@ std::optional<Failure> runProgram(const Program& program, Context& context) {
   context.globals = globals.data();
   Frame frame{context, nullptr, {}, LoopKind::Any};
   try {
-    program.main.body.run(frame);
+    runReportingShortage(program.main.body, frame);
     return {};
   } catch (const host::HostException& exception) {
     const std::string message = exception.message();

@@ -1,11 +1,21 @@
 // Runs Try.
 #include "host/language/try.hpp"
 
+#include <new>
+
 #include "host/language/frame.hpp"
 #include "host/language/variables.hpp"
 #include "host/runtime/class.hpp"
 
 namespace language {
+
+Flow runReportingShortage(const Block& block, Frame& frame) {
+  try {
+    return block.run(frame);
+  } catch (const std::bad_alloc&) {
+    host::throwOutOfMemory();
+  }
+}
 
 Flow Try::run(Frame& frame) const {
   Flow flow;
@@ -28,7 +38,7 @@ Flow Try::run(Frame& frame) const {
 Flow Try::runCaught(Frame& frame) const {
   const Catch* chosen = nullptr;
   try {
-    return body_.run(frame);
+    return runReportingShortage(body_, frame);
   } catch (const host::HostException& exception) {
     for (const Catch& each : catches_) {
       if (each.variable && !host::isA(exception.object(), frame.context.runtime.findClass(each.variable->type.name)))
@@ -41,7 +51,7 @@ Flow Try::runCaught(Frame& frame) const {
       VariableReference(position, *chosen->variable).assign(frame, Value::object(host::retain(exception.object())));
     }
   }
-  return chosen->body.run(frame);
+  return runReportingShortage(chosen->body, frame);
 }
 
 }  // namespace language

@@ -8,6 +8,9 @@
 
 namespace language {
 
+// Runs the block. Memory that runs short becomes an exception that programs can catch.
+Flow runReportingShortage(const Block& block, Frame& frame);
+
 class Try : public Statement {
  public:
   struct Catch {

@@ -2,6 +2,7 @@
 #include "host/runtime/call.hpp"
 
 #include <cstring>
+#include <new>
 #include <type_traits>
 
 #include "host/runtime/class.hpp"
@@ -74,10 +75,15 @@ Value received(const Type& type, uint64_t word) {
   throwException("RuntimeException", text(NSException::name(exception)) + ": " + text(NSException::reason(exception)));
 }
 
-// Runs the body, and puts a host exception in the place of a platform exception.
+// Runs the body, and puts a host exception in the place of a platform exception, and of memory that runs short.
 template <class Body>
 void guarded(Body&& body) {
-  NSException* uncaught = catchException(body);
+  NSException* uncaught = nullptr;
+  try {
+    uncaught = catchException(body);
+  } catch (const std::bad_alloc&) {
+    throwOutOfMemory();
+  }
   if (uncaught != nullptr) throwUncaught(uncaught);
 }
 

@@ -30,5 +30,7 @@ HostOwned<HostObject> makeException(std::string_view className, std::string_view
 // Exceptions that the language needs by name.
 [[noreturn]] void throwOutOfBounds(int64_t index, int64_t upperBound);
 [[noreturn]] void throwNilObject(std::string_view what);
+// Throws std::bad_alloc when there is not even memory for the exception.
+[[noreturn]] void throwOutOfMemory();
 
 }  // namespace host

@@ -8,7 +8,6 @@
 
 #include "host/runtime/builtin.hpp"
 #include "host/runtime/class.hpp"
-#include "host/runtime/exception.hpp"
 
 namespace host {
 namespace {
@@ -71,7 +70,7 @@ HostOwned<HostObject> HostObject::make(const HostClass& type) {
   const size_t stateOffset = sizeof(HostObject) + roundedUp(type.dataSize());
   const size_t size = stateOffset + (stateOwner != nullptr ? stateOwner->state.size : 0);
   void* place = std::calloc(1, size);
-  if (place == nullptr) throwException("OutOfMemoryException", "There is no memory for the object.");
+  if (place == nullptr) throw std::bad_alloc();
   auto* made = new (place) HostObject{&type, 1, nullptr, nullptr, nullptr, ++serial};
   if (stateOwner != nullptr) {
     made->state = static_cast<std::byte*>(place) + stateOffset;

@@ -33,7 +33,7 @@ HostOwned<Derived> CountedBytes<Derived>::allocate(std::string_view bytes, uint3
   if (bytes.empty()) return nullptr;
   if (bytes.size() > std::numeric_limits<int32_t>::max()) throwException("OutOfMemoryException", "The string is too long.");
   void* place = std::malloc(sizeof(Derived) + bytes.size() + terminatorSize);
-  if (place == nullptr) throwException("OutOfMemoryException", "There is no memory for the string.");
+  if (place == nullptr) throw std::bad_alloc();
   auto* made = new (place) Derived();
   made->references = 1;
   made->length = static_cast<int32_t>(bytes.size());

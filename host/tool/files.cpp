@@ -7,10 +7,10 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <optional>
 
 #include "host/language/files.hpp"
+#include "host/runtime/file_contents.hpp"
 #include "host/tool/documents.hpp"
 
 namespace tool {
@@ -24,10 +24,7 @@ std::string contentsOf(const std::string& path) {
 }
 
 void writeBytes(const std::string& path, std::string_view bytes) {
-  errno = 0;
-  std::ofstream file(path, std::ios::binary);
-  if (!file.write(bytes.data(), static_cast<std::streamsize>(bytes.size())) || !file.flush())
-    throw DocumentError{systemMessage(errno != 0 ? errno : EIO)};
+  if (!host::replaceContents(path, bytes)) throw DocumentError{systemMessage(errno)};
 }
 
 bool isFolder(const std::string& path) {

@@ -8,7 +8,8 @@ namespace tool {
 // How people are told of it: "standard input" for "-".
 std::string shownName(const std::string& name);
 
-// The file of that name. For "-" it is a copy of standard input that nobody else can read, removed at the end.
+// The file of that name. For "-" it is a copy of standard input that nobody else can read, alone in its folder, so that the
+// document finds no files of others beside it; removed at the end.
 class Input {
  public:
   // Throws DocumentError when standard input cannot be copied.
@@ -20,8 +21,10 @@ class Input {
   const std::string& path() const { return path_; }
 
  private:
+  void remove() const;
+
   std::string path_;
-  bool isCopy_;
+  std::string folder_;  // of the copy; "" when there is none
 };
 
 }  // namespace tool

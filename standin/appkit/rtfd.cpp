@@ -54,7 +54,8 @@ NSFileWrapper* RTFDFileWrapperFromRange(NSAttributedString* self, NSRange range,
   return newRTFD(exported, informationOf(attributes)).autorelease();
 }
 
-// Files are found in the package by the names under which attachments were read from it.
+// Files are found in the package by the names under which attachments were read from it. A name that leads out of the
+// package, which only an archive can give, is no name.
 void updateAttachments(NSAttributedString* self, NSString* path) {
   requireArgument(self, "updateAttachmentsFromPath:", path);
   const std::string folder = foundation::existingPath(foundation::utf8Of(path));
@@ -65,7 +66,8 @@ void updateAttachments(NSAttributedString* self, NSString* path) {
         isTextAttachment(attachment) ? attachmentState(static_cast<NSTextAttachment*>(attachment)).file.get() : nullptr;
     if (file == nullptr) return;
     FileWrapper& state = wrapperState(file);
-    const std::string place = foundation::joined(folder, state.name ? *state.name : packagedName(file));
+    const bool isNamed = state.name && isFileName(*state.name);
+    const std::string place = foundation::joined(folder, isNamed ? *state.name : packagedName(file));
     // What cannot be read stays as it is: the message has no way to tell.
     if (!matchesFile(state, place)) static_cast<void>(readFile(state, place, readImmediately));
   });

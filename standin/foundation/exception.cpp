@@ -68,6 +68,8 @@ void raise(NSString* name, std::string_view reason) {
   objc_exception_throw(exception);
 }
 
+void raiseOutOfMemory() { raise(NSMallocException, "There is not enough memory."); }
+
 }  // namespace standin
 
 extern "C" {

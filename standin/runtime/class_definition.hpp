@@ -11,9 +11,11 @@
 // a class method, `Class`.
 #pragma once
 
+#include <new>
 #include <type_traits>
 #include <utility>
 
+#include "standin/runtime/exception.hpp"
 #include "standin/runtime/object.hpp"
 
 namespace standin {
@@ -27,12 +29,19 @@ struct InstanceLayout {
   void (*destroy)(Object* object) = nullptr;
 };
 
-// Drops the selector argument, and turns the receiver into what the function asks for.
+// Drops the selector argument, and turns the receiver into what the function asks for. Memory that runs short leaves the
+// method as an NSException: callers know of no other.
 template <auto function>
 struct MethodThunk;
 template <class Result, class Self, class... Arguments, Result (*function)(Self, Arguments...)>
 struct MethodThunk<function> {
-  static Result call(NSObject* self, SEL, Arguments... arguments) { return function(receiver(self), arguments...); }
+  static Result call(NSObject* self, SEL, Arguments... arguments) {
+    try {
+      return function(receiver(self), arguments...);
+    } catch (const std::bad_alloc&) {
+      raiseOutOfMemory();
+    }
+  }
   static Self receiver(NSObject* self) {
     if constexpr (std::is_pointer_v<Self>) {
       return static_cast<Self>(self);

@@ -55,6 +55,31 @@ complete_line styledtext inspect a
   EXPECT_EQ(outcome.output, "convert completion\n--version\n--to\ndoc docx\n--check --check-references\n\n");
 }
 
+TEST_F(CommandLine, StandardInputHasNoFilesBesideIt) {
+  fs::create_directory(folder_ / "temporary");
+  write("temporary/other.css", "p { text-align: right }");
+  write("page.html", "<link rel=stylesheet href=other.css><p>text</p>");
+  write("temporary/page.html", read("page.html"));
+  EXPECT_NE(run("inspect temporary/page.html").output.find("alignment 1"), std::string::npos);
+  EXPECT_EQ(inFolder("TMPDIR=temporary styledtext inspect - < page.html").output.find("alignment 1"), std::string::npos);
+  EXPECT_EQ(listing("temporary"), "other.css page.html ");
+}
+
+TEST_F(CommandLine, ProgramsCatchThatMemoryRunsShort) {
+  const std::string limited = "ulimit -v 400000; styledtext ";
+  if (inFolder(limited + "--version").status != 0) GTEST_SKIP() << "built to take all addresses there are";
+  const char* const programs[] = {
+      "Dim t As New NSMutableAttributedStringZKT\nDim ok As Boolean = t.initWithString(\"abcdefghij\")\nTry\n"
+      "For i As Integer = 1 To 40\nt.appendAttributedString(t)\nNext\n"
+      "Catch e As NSExceptionZKT\nPrint e.name\nEnd Try\n",
+      "Dim d As New Dictionary\nTry\nFor i As Integer = 1 To 100000000\nd.Value(i) = i\nNext\n"
+      "Catch e As OutOfMemoryException\nd = Nil\nPrint \"NSMallocException\"\nEnd Try\n"};
+  for (const char* program : programs) {
+    write("program.bas", program);
+    EXPECT_EQ(inFolder(limited + "run program.bas").output, "NSMallocException\n") << program;
+  }
+}
+
 // Colours, the bar and pages are for people at a terminal.
 TEST_F(CommandLine, ColoursAreForTerminals) {
   if (shell("command -v script").status != 0) GTEST_SKIP() << "script is not installed";

@@ -1,4 +1,7 @@
 // Dates, and folder items on the real file system.
+#include <sys/resource.h>
+
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
@@ -96,6 +99,28 @@ TEST_F(FilesTest, AreMadeReadAndDeleted) {
   EXPECT_FALSE(toBoolean(read(file, "Exists")));
   EXPECT_TRUE(read(makeFolderItem("/"), "Parent").isNil());
   EXPECT_EQ(pathOf(makeFolderItem(folder_.string() + "/a/../b/")), (folder_ / "b").string());
+}
+
+// A disk that is full, as far as one process can have it.
+TEST_F(FilesTest, KeepWhatTheyHoldWhenWritingFails) {
+  const HostOwned<HostObject> file = item("file"), link = item("link");
+  call(file, "WriteBytes", {Value::string("content")});
+  fs::permissions(folder_ / "file", fs::perms::owner_all);
+  fs::create_symlink("file", folder_ / "link");
+  call(link, "WriteBytes", {Value::string("through the link")});
+  EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
+  EXPECT_EQ(fs::status(folder_ / "file").permissions(), fs::perms::owner_all);
+  rlimit usual{};
+  getrlimit(RLIMIT_FSIZE, &usual);
+  const rlimit small{4096, usual.rlim_max};
+  const auto ending = std::signal(SIGXFSZ, SIG_IGN);
+  setrlimit(RLIMIT_FSIZE, &small);
+  const std::string thrown = thrownBy([&] { call(link, "WriteBytes", {Value::string(std::string(10000, 'x'))}); });
+  setrlimit(RLIMIT_FSIZE, &usual);
+  std::signal(SIGXFSZ, ending);
+  EXPECT_TRUE(thrown.starts_with("IOException: ")) << thrown;
+  EXPECT_EQ(toUtf8(call(file, "ReadBytes")), "through the link");
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), {}), 2);
 }
 
 TEST_F(FilesTest, FoldersAreMadeAndCopied) {

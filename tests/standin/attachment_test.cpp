@@ -301,4 +301,18 @@ TEST(Attachments, AreUpdatedFromThePackage) {
   EXPECT_EQ(fileAt(string, 1), "kept");
 }
 
+// Archives name their files as they like.
+TEST(Attachments, AreNotUpdatedFromOutsideThePackage) {
+  const TemporaryFolder scratch;
+  AutoreleasePool pool;
+  scratch.file("secret", "secret");
+  std::filesystem::create_directory(scratch.path() + "/package");
+  for (const char* name : {"../secret", "./../secret", ".."}) {
+    NSMutableAttributedString* string = text(u"");
+    append(string, attachmentOf(named(name, fileWith("old"))));
+    NSMutableAttributedString::updateAttachmentsFromPath(string, ns(scratch.path() + "/package"));
+    EXPECT_EQ(fileAt(string, 0), "old") << name;
+  }
+}
+
 }  // namespace

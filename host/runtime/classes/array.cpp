@@ -132,7 +132,8 @@ void removeElement(HostObject* array, int64_t index) {
 
 void resizeArray(HostObject* array, int64_t upperBound) {
   Array& state = stateIn(array);
-  const int64_t wanted = std::max<int64_t>(upperBound + 1, 0);
+  constexpr int64_t greatest = std::numeric_limits<int64_t>::max();
+  const int64_t wanted = upperBound < greatest ? std::max<int64_t>(upperBound + 1, 0) : greatest;
   while (state.count > wanted) removeElement(array, state.count - 1);
   if (wanted == state.count) return;
   reserve(array, wanted);

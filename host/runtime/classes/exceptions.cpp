@@ -1,4 +1,7 @@
 // RuntimeException and its subclasses.
+#include <cstdlib>
+#include <utility>
+
 #include "host/runtime/classes/classes.hpp"
 #include "host/runtime/exception.hpp"
 #include "host/runtime/string.hpp"
@@ -35,6 +38,10 @@ const BuiltinMethod methods[] = {
 
 constexpr char root[] = "RuntimeException";
 
+// Let go of when memory runs short, so that there is some to tell of it. Nil while it cannot be had again.
+constexpr size_t spareSize = 1 << 16;
+void* spareMemory = std::malloc(spareSize);
+
 }  // namespace
 
 const BuiltinClass runtimeExceptionClass{
@@ -67,6 +74,13 @@ void throwException(std::string_view className, std::string_view message, int64_
 void throwOutOfBounds(int64_t index, int64_t upperBound) {
   throwException("OutOfBoundsException",
                  "Index " + std::to_string(index) + " is not in 0 to " + std::to_string(upperBound) + ".");
+}
+
+void throwOutOfMemory() {
+  std::free(std::exchange(spareMemory, nullptr));
+  HostOwned<HostObject> exception = makeException("OutOfMemoryException", "Failed to allocate memory.");
+  spareMemory = std::malloc(spareSize);
+  throw HostException(std::move(exception));
 }
 
 void throwNilObject(std::string_view what) { throwException("NilObjectException", std::string(what) + " is Nil."); }

@@ -11,6 +11,7 @@
 #include "host/runtime/classes/classes.hpp"
 #include "host/runtime/classes/globals.hpp"
 #include "host/runtime/exception.hpp"
+#include "host/runtime/file_contents.hpp"
 #include "host/runtime/memory_block.hpp"
 
 namespace host {
@@ -169,11 +170,9 @@ HostObject* readBytes(HostObject* self) {
 void writeBytes(HostObject* self, HostObject* data) {
   if (data == nullptr) throwNilObject("The data");
   const fs::path path = found(self);
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
   const std::span<const std::byte> bytes = memoryOf(data);
-  file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-  file.flush();
-  if (!file) throwFileError(path, {errno, std::generic_category()});
+  if (!replaceContents(path.string(), {reinterpret_cast<const char*>(bytes.data()), bytes.size()}))
+    throwFileError(path, {errno, std::generic_category()});
 }
 
 const BuiltinProperty properties[] = {
