@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 #include "host/runtime/conversion.hpp"
 
@@ -197,7 +198,9 @@ Value Parser::number() {
   const auto [wholeStop, wholeError] = std::from_chars(start, end, whole);
   offset_ += static_cast<size_t>(stop - start);
   skipSpaces();
-  return wholeError == std::errc() && wholeStop == stop ? Value::integer(whole) : Value::number(number);
+  const bool isWhole = wholeError == std::errc() && wholeStop == stop;
+  const bool isMinusZero = number == 0 && std::signbit(number);  // which no integer is
+  return isWhole && !isMinusZero ? Value::integer(whole) : Value::number(number);
 }
 
 Value Parser::numberOfBase(int base) {
