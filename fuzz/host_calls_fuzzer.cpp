@@ -11,6 +11,8 @@
 #include <limits>
 
 #include "fuzz/support/byte_source.hpp"
+#include "host/runtime/conversion.hpp"
+#include "host/runtime/dictionary.hpp"
 #include "host/runtime/memory_block.hpp"
 #include "plugin/entry.hpp"
 #include "standin/foundation/log.hpp"
@@ -52,7 +54,7 @@ class Session {
       const Target& target = targets()[source_.upTo(static_cast<uint32_t>(targets().size() - 1))];
       Value object = target.isInstance() ? objectOf(target) : Value();
       std::vector<Value> values;
-      for (const host::Type& type : target.parameters()) values.push_back(argument(type));
+      for (const host::Parameter& parameter : target.parameters()) values.push_back(argument(target, parameter));
       if (traces()) std::fprintf(stderr, "%s\n", target.name().c_str());
       member_matrix::invoke(target, object, values);
       keep(std::move(object));
@@ -74,7 +76,7 @@ class Session {
 
   Value objectOf(const Target& target) {
     const Value* known = findObject(target.type->name());
-    return known != nullptr ? *known : member_matrix::objectFor(target, below(4) != 0, arguments_);
+    return known != nullptr ? *known : arguments_.objectFor(target, below(static_cast<size_t>(target.lastContents()) + 1));
   }
 
   // One of the kept objects that is of the class, or nil.
@@ -88,8 +90,9 @@ class Session {
     return nullptr;
   }
 
-  Value argument(const host::Type& type) {
-    if (below(8) == 0) return member_matrix::Arguments::empty(type);
+  Value argument(const Target& target, const host::Parameter& parameter) {
+    const host::Type& type = parameter.type;
+    if (below(8) == 0) return host::emptyValue(type);
     if (type.kind == Kind::Boolean) return Value::boolean(below(2) != 0);
     if (type.kind == Kind::String) return string();
     if (type.kind == Kind::Double || type.kind == Kind::Single) return number(type.kind);
@@ -98,8 +101,18 @@ class Session {
     if (name == "nsrangezkt") return calls::range(position(), position());
     if (name == "memoryblock" && below(2) == 0) return calls::bytes(source_.text(64));
     if (name == "variant") return variant();
+    if (name == "dictionary") return dictionary();
     const Value* known = findObject(type.name);
-    return known != nullptr ? *known : arguments_.plain(type);
+    return known != nullptr ? *known : arguments_.plain(target, parameter);
+  }
+
+  // No objects: what became an attribute of itself would rightly live for ever.
+  Value dictionary() {
+    Value made = Value::object(host::makeDictionary());
+    for (int entry = below(4); entry > 0; --entry) {
+      host::setDictionaryValue(made.asObject(), string(), below(2) == 0 ? string() : number(Kind::Double));
+    }
+    return made;
   }
 
   // No text: one that became an attribute of itself would rightly live for ever.

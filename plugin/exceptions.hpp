@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/guard.h"
+#include "plugin/host_owned.hpp"
 
 namespace plugin {
 
@@ -40,11 +41,17 @@ std::invoke_result_t<Body&> guarded(Body&& body) {
   }
 }
 
-// The guard of a function that keeps what it has produced before a failure: the body stores into `Result&` as it goes.
+// The guard of a function that keeps what it has produced before a failure: the body stores into `Result&` as it goes. When
+// another exception passes, nobody gets the host value, and its reference is dropped.
 template <class Result, class Body>
 Result guardedKeeping(Body&& body) {
   Result produced{};
-  if (NSException* exception = catchException([&] { body(produced); })) RaiseNSExceptionZKT(exception);
+  try {
+    if (NSException* exception = catchException([&] { body(produced); })) RaiseNSExceptionZKT(exception);
+  } catch (...) {
+    if constexpr (std::is_pointer_v<Result>) const auto dropped = adoptHost(produced);
+    throw;
+  }
   return produced;
 }
 

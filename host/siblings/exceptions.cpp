@@ -1,5 +1,7 @@
 // NSExceptionZKT, and the class methods on NSException through which every library of the family raises it and shares the
 // registry of wrappers.
+#include <memory>
+
 #include "host/siblings/class_builder.hpp"
 #include "host/siblings/classes.hpp"
 #include "host/siblings/dictionaries.hpp"
@@ -16,6 +18,12 @@ HostString* name(HostObject* self, int64_t) { return hostString(NSException::nam
 HostString* reason(HostObject* self, int64_t) { return hostString(NSException::reason(exceptionIn(self))); }
 
 HostObject* userInfo(HostObject* self, int64_t) { return hostDictionary(NSException::userInfo(exceptionIn(self))); }
+
+// Of what is not handed on when memory runs short.
+struct Unlocking {
+  void operator()(HostObject* object) const { unlockObject(object); }
+  void operator()(HostString* string) const { unlockString(string); }
+};
 
 // The methods on NSException.
 NSObject* getInstancesDictionary(Class, SEL) { return registry(); }
@@ -34,14 +42,13 @@ void addClassMethod(Class metaclass, const char* selector, Function function, co
 
 HostObject* exceptionObject(NSException* exception) {
   if (exception == nullptr) return nullptr;
-  HostObject* object = newInstance(exceptionClass);
+  std::unique_ptr<HostObject, Unlocking> object(newInstance(exceptionClass));
   if (object == nullptr) return nullptr;
   object->word<NSObject*>() = retain(static_cast<NSObject*>(exception)).detach();
   NSString* text = NSException::reason(exception);
-  HostString* message = hostString(text != nullptr ? text : NSException::name(exception));
-  setStringProperty(object, "Message", message);
-  if (message != nullptr) unlockString(message);
-  return object;
+  const std::unique_ptr<HostString, Unlocking> message(hostString(text != nullptr ? text : NSException::name(exception)));
+  setStringProperty(object.get(), "Message", message.get());
+  return object.release();
 }
 
 void registerExceptionSupport() {

@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstdio>
 #include <filesystem>
+#include <new>
 
 #include "standin/appkit/file_wrapper.hpp"
 #include "standin/foundation/data.hpp"
@@ -37,7 +38,10 @@ class Removal {
   Removal& operator=(const Removal&) = delete;
   ~Removal() {
     const int before = errno;
-    if (!path_.empty()) removeTree(path_);
+    try {
+      if (!path_.empty()) removeTree(path_);
+    } catch (const std::bad_alloc&) {  // what is left of it stays
+    }
     errno = before;
   }
   void cancel() { path_.clear(); }

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <new>
 
+#include "standin/text/memory_reserve.hpp"
+
 namespace standin::text {
 namespace {
 
@@ -20,9 +22,7 @@ size_t widthOf(bool isWide) { return isWide ? sizeof(char16_t) : sizeof(uint8_t)
 
 FlatText::FlatText(uint32_t capacity, bool isWide) : size_(capacity) {
   if (capacity == 0) return;
-  void* memory = std::malloc(sizeof(Buffer) + capacity * widthOf(isWide));
-  if (memory == nullptr) throw std::bad_alloc();
-  buffer_ = new (memory) Buffer{1, capacity, isWide};
+  buffer_ = new (allocateOrThrow(sizeof(Buffer) + capacity * widthOf(isWide))) Buffer{1, capacity, isWide};
 }
 
 FlatText::FlatText(UnitSpan units) : FlatText(units.size(), !units.isLatin1()) {

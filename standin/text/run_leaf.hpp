@@ -9,6 +9,7 @@
 #include <new>
 
 #include "standin/text/attribute_set.hpp"
+#include "standin/text/memory_reserve.hpp"
 #include "standin/text/summed_tree.hpp"
 
 namespace standin::text {
@@ -50,11 +51,7 @@ class RunLeaf : public TreeNode {
   static uint32_t roomFor(uint32_t runs) {
     return std::min(runs < 16 ? std::bit_ceil(runs) : (runs + 15) / 16 * 16, capacity);
   }
-  static RunLeaf* make(uint32_t room) {
-    void* memory = std::malloc(sizeof(RunLeaf) + room * bytesPerRun);
-    if (memory == nullptr) throw std::bad_alloc();
-    return new (memory) RunLeaf(room);
-  }
+  static RunLeaf* make(uint32_t room) { return new (allocateOrThrow(sizeof(RunLeaf) + room * bytesPerRun)) RunLeaf(room); }
   static void destroy(RunLeaf* leaf) {
     for (uint32_t index = 0; index < leaf->count_; ++index) AttributeSet::release(leaf->handles()[index]);
     std::free(leaf);

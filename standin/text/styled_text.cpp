@@ -15,20 +15,26 @@ StyledText StyledText::slice(uint32_t from, uint32_t count) const {
 // The text first: it is what refuses a length that is too large.
 void StyledText::splice(uint32_t from, uint32_t removed, const StyledText& inserted) {
   if (&inserted == this) return splice(from, removed, StyledText(inserted));
-  text_.splice(from, removed, inserted.text_);
-  runs_.splice(from, removed, inserted.runs_);
+  change([&] {
+    text_.splice(from, removed, inserted.text_);
+    runs_.splice(from, removed, inserted.runs_);
+  });
 }
 
 void StyledText::splice(uint32_t from, uint32_t removed, const Text& inserted, const AttributeSet& attributes) {
   const uint32_t length = inserted.size();
-  text_.splice(from, removed, inserted);
-  runs_.splice(from, removed, length, attributes);
+  change([&] {
+    text_.splice(from, removed, inserted);
+    runs_.splice(from, removed, length, attributes);
+  });
 }
 
 void StyledText::splice(uint32_t from, uint32_t removed, const Text& inserted) {
   const uint32_t length = inserted.size();
-  text_.splice(from, removed, inserted);
-  runs_.spliceInheriting(from, removed, length);
+  change([&] {
+    text_.splice(from, removed, inserted);
+    runs_.spliceInheriting(from, removed, length);
+  });
 }
 
 void StyledText::setAttributes(uint32_t from, uint32_t count, const AttributeSet& attributes) {
@@ -45,6 +51,14 @@ void StyledText::addAttributes(uint32_t from, uint32_t count, const AttributeSet
 
 void StyledText::removeAttribute(uint32_t from, uint32_t count, AttributeObject key) {
   restyle(from, count, [&](const AttributeSet& own) { return own.without(key); });
+}
+
+void StyledText::clearUnlessWhole() noexcept {
+  try {
+    checkInvariants();
+  } catch (...) {
+    *this = StyledText();
+  }
 }
 
 void StyledText::checkInvariants() const {

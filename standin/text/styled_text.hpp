@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "standin/text/memory_reserve.hpp"
 #include "standin/text/runs.hpp"
 #include "standin/text/text.hpp"
 
@@ -43,7 +44,7 @@ class StyledText {
   void removeAttribute(uint32_t from, uint32_t count, AttributeObject key);
   template <class Restyled>
   void restyle(uint32_t from, uint32_t count, Restyled&& restyled) {
-    runs_.restyle(from, count, std::forward<Restyled>(restyled));
+    change([&] { runs_.restyle(from, count, std::forward<Restyled>(restyled)); });
   }
 
   // Throws std::logic_error when something is wrong.
@@ -52,6 +53,19 @@ class StyledText {
   size_t bytesHeld() const { return text_.bytesHeld() + runs_.bytesHeld(); }
 
  private:
+  // Makes a change for which memory is put by. What throws all the same leaves the text as it was, or empty.
+  template <class Change>
+  void change(Change&& made) {
+    const ReservedMemory reserve;
+    try {
+      std::forward<Change>(made)();
+    } catch (...) {
+      clearUnlessWhole();
+      throw;
+    }
+  }
+  void clearUnlessWhole() noexcept;
+
   Text text_;
   Runs runs_;
 };
