@@ -1,6 +1,8 @@
 // Attribute dictionaries and attribute sets, and how sets treat the objects in them.
 #include "standin/appkit/attributes.hpp"
 
+#include <functional>
+#include <unordered_map>
 #include <vector>
 
 #include "standin/foundation/collections.hpp"
@@ -23,7 +25,7 @@ NSString* stringOf(AttributeObject object) { return static_cast<NSString*>(objec
 AttributeObject retainAttribute(AttributeObject object) { return retainObject(objectOf(object)); }
 void releaseAttribute(AttributeObject object) { releaseObject(objectOf(object)); }
 AttributeObject copyKey(AttributeObject key) { return NSObject::copyWithZone(objectOf(key), nullptr); }
-size_t hashAttribute(AttributeObject object) { return NSObject::hash(objectOf(object)); }
+size_t hashKey(AttributeObject key) { return NSObject::hash(objectOf(key)); }
 
 bool keysEqual(AttributeObject left, AttributeObject right) {
   if (isString(objectOf(left)) && isString(objectOf(right))) return foundation::equal(stringOf(left), stringOf(right));
@@ -42,29 +44,42 @@ bool keyBefore(AttributeObject left, AttributeObject right) {
   return first.size() < second.size();
 }
 
-// An object whose copy is itself.
-bool cannotChange(NSObject* object) {
+// A dictionary of bare pointers would refuse to be copied.
+bool copiesToItself(NSObject* object) {
   static const Message<NSObject*(void*)>& copyMessage = NSObject::copyWithZone;
+  static ClassObject* const changingDictionaries = reinterpret_cast<ClassObject*>(classOf<NSMutableDictionary>());
+  if (isKindOf(object, changingDictionaries)) return false;
   if (!NSObject::respondsToSelector(object, copyMessage.selector())) return false;
   const Owned<NSObject> copy = adopt(copyMessage(object, nullptr));
   return copy == object;
+}
+
+// An object whose copy is itself, as all of its class are or none.
+bool cannotChange(NSObject* object) {
+  static std::unordered_map<Class, bool> known;
+  const auto [entry, isNew] = known.try_emplace(object_getClass(object), false);
+  if (isNew) entry->second = copiesToItself(object);
+  return entry->second;
+}
+
+// Of what can change, that of its address: it equals nothing else for good, and thousands of such values may look alike.
+size_t hashValue(AttributeObject object) {
+  return cannotChange(objectOf(object)) ? NSObject::hash(objectOf(object)) : std::hash<AttributeObject>()(object);
 }
 
 // Equal, no matter when and by whom it is asked: objects that can change stay apart, and so do numbers whose types differ,
 // since the type is something that programs see.
 bool interchangeable(AttributeObject left, AttributeObject right) {
   NSObject *first = objectOf(left), *second = objectOf(right);
-  if (!NSObject::isEqual(first, second)) return false;
-  if (isNumber(first) || isNumber(second)) {
-    return isNumber(first) && isNumber(second) &&
-           stateOf<foundation::Number>(first).kind == stateOf<foundation::Number>(second).kind;
-  }
-  return cannotChange(first) && cannotChange(second);
+  if (!cannotChange(first) || !cannotChange(second) || !NSObject::isEqual(first, second)) return false;
+  if (!isNumber(first) && !isNumber(second)) return true;
+  return isNumber(first) && isNumber(second) &&
+         stateOf<foundation::Number>(first).kind == stateOf<foundation::Number>(second).kind;
 }
 
 [[maybe_unused]] const bool installed = [] {
   text::installAttributeFunctions(
-      {retainAttribute, releaseAttribute, copyKey, hashAttribute, keysEqual, keyBefore, interchangeable});
+      {retainAttribute, releaseAttribute, copyKey, hashKey, hashValue, keysEqual, keyBefore, interchangeable});
   return true;
 }();
 

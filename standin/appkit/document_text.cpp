@@ -69,9 +69,10 @@ text::Style withObject(text::Style style, SharedContents& shared) {
 
 ExportedRuns::ExportedRuns(const text::StyledText& text, text::UnitRange range) {
   styled_.text = text.text().slice(range.start, range.length);
-  forEachRun(text, range.start, range.length, [this](const text::RunPlace& run, NSDictionary* attributes) {
+  SharedLinks links;
+  forEachRun(text, range.start, range.length, [&](const text::RunPlace& run, NSDictionary* attributes) {
     const text::Style*& style = byHandle_[run.attributes];
-    if (style == nullptr) style = &styles_.emplace_back(styleOf(attributes));
+    if (style == nullptr) style = &styles_.emplace_back(styleOf(attributes, links));
     styled_.runs.push_back({run.length, style});
   });
 }
@@ -105,9 +106,11 @@ void ExportedRuns::packageFiles(NSFileWrapper* directory) {
 text::StyledText styledTextOf(const formats::Document& document) {
   std::vector<text::AttributeSet> sets;
   SharedContents shared;
+  SharedLinks links;
   for (const text::Style& style : document.styles) {
     const bool hasAttachment = style.attachment != nullptr;
-    const Owned<NSDictionary> attributes = hasAttachment ? attributesOf(withObject(style, shared)) : attributesOf(style);
+    const Owned<NSDictionary> attributes =
+        hasAttachment ? attributesOf(withObject(style, shared), links) : attributesOf(style, links);
     sets.push_back(attributeSetOf(attributes));
   }
   text::RunList runs;

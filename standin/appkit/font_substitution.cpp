@@ -35,9 +35,13 @@ const char* familyOf(const FcPattern* font) {
   return reinterpret_cast<const char*>(name);
 }
 
-// The installed font that stands for the family; it may have another name.
+// Far more than are used; finding one takes a part of a millisecond, and what is found is kept.
+constexpr size_t mostFamilies = 2000;
+
+// The installed font that stands for the family; it may have another name. That of any other when there are too many.
 const FcPattern* installedFont(const std::string& family) {
   static auto* const known = new std::map<std::string, Pattern>;
+  if (known->size() > mostFamilies && !known->contains(family)) return known->begin()->second.get();
   const auto [entry, isNew] = known->try_emplace(family);
   FcResult result;
   if (isNew) entry->second.reset(FcFontMatch(nullptr, request(family.c_str()).get(), &result));

@@ -39,7 +39,8 @@ BOOL isEqual(NSShadow* self, NSObject* other) {
 
 NSUInteger hash(ShadowState& self) {
   const std::hash<double> hashed;
-  return (hashed(self.offset.width) * 31 + hashed(self.offset.height)) * 31 + hashed(self.blurRadius);
+  const size_t mixed = (hashed(self.offset.width) * 31 + hashed(self.offset.height)) * 31 + hashed(self.blurRadius);
+  return mixed * 31 + (self.color ? NSObject::hash(self.color) : 0);
 }
 
 NSString* description(ShadowState& self) {

@@ -9,6 +9,7 @@
 #include "standin/foundation/collections.hpp"
 #include "standin/foundation/number.hpp"
 #include "standin/foundation/string.hpp"
+#include "standin/foundation/url.hpp"
 
 namespace standin::appkit {
 namespace {
@@ -54,22 +55,41 @@ Type* typed(NSDictionary* attributes, NSString* key) {
 }
 
 // A link is a URL, or a text that stands for one.
-std::u16string linkOf(NSDictionary* attributes) {
+text::Link linkOf(NSDictionary* attributes) {
   NSString* target = typed<NSString>(attributes, NSLinkAttributeName);
   if (NSURL* url = typed<NSURL>(attributes, NSLinkAttributeName)) target = NSURL::absoluteString(url);
   return target != nullptr ? foundation::unitsOf(target) : std::u16string();
 }
 
+text::Link linkOf(NSDictionary* attributes, SharedLinks& links) {
+  NSObject* const object = foundation::find(attributes, NSLinkAttributeName);
+  if (object == nullptr) return {};
+  const auto [entry, isNew] = links.targets.try_emplace(object);
+  if (isNew) entry->second = linkOf(attributes);
+  return entry->second;
+}
+
 // A text that is no URL stays a text.
-Owned<NSObject> linkObject(const std::u16string& target) {
+Owned<NSObject> linkObject(const text::Link& target) {
   Owned<NSString> text = foundation::newString(std::u16string_view(target));
-  if (NSURL* url = NSURL::URLWithString(classOf<NSURL>(), text)) return retain<NSObject>(url);
+  if (Owned<NSURL> url = foundation::newURL(text)) return url;
   return text;
+}
+
+Owned<NSObject> linkObject(const text::Link& target, SharedLinks& links) {
+  Owned<NSObject>& object = links.objects[target];
+  if (!object) object = linkObject(target);
+  return object;
 }
 
 }  // namespace
 
 Style styleOf(NSDictionary* attributes) {
+  SharedLinks links;
+  return styleOf(attributes, links);
+}
+
+Style styleOf(NSDictionary* attributes, SharedLinks& links) {
   Style style;
   if (NSFont* font = typed<NSFont>(attributes, NSFontAttributeName)) style.font = fontOf(font);
   if (auto* paragraph = typed<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName)) {
@@ -85,7 +105,7 @@ Style styleOf(NSDictionary* attributes) {
   if (auto* ligature = typed<NSNumber>(attributes, NSLigatureAttributeName)) {
     style.ligature = static_cast<int>(foundation::integerOf(ligature));
   }
-  style.link = linkOf(attributes);
+  style.link = linkOf(attributes, links);
   if (auto* shadow = typed<NSShadow>(attributes, NSShadowAttributeName)) style.shadow = shadowOf(shadow);
   if (auto* attachment = typed<NSTextAttachment>(attributes, NSAttachmentAttributeName)) {
     style.attachment = attachmentValue(attachment);
@@ -94,6 +114,11 @@ Style styleOf(NSDictionary* attributes) {
 }
 
 Owned<NSDictionary> attributesOf(const Style& style) {
+  SharedLinks links;
+  return attributesOf(style, links);
+}
+
+Owned<NSDictionary> attributesOf(const Style& style, SharedLinks& links) {
   Owned<NSMutableDictionary> attributes = foundation::newMutableDictionary();
   const auto set = [&](NSString* key, const Owned<NSObject>& value) { foundation::set(attributes, key, value); };
   if (style.font) set(NSFontAttributeName, fontObject(*style.font));
@@ -108,7 +133,7 @@ Owned<NSDictionary> attributesOf(const Style& style) {
     if (const double number = style.*row.member; number != 0) set(*row.key, foundation::newNumber(number));
   }
   if (style.ligature) set(NSLigatureAttributeName, foundation::newNumber(*style.ligature));
-  if (!style.link.empty()) set(NSLinkAttributeName, linkObject(style.link));
+  if (!style.link.empty()) set(NSLinkAttributeName, linkObject(style.link, links));
   if (style.shadow) set(NSShadowAttributeName, newShadow(*style.shadow));
   if (style.attachment != nullptr) {
     if (auto attachment = attachmentOf(*style.attachment)) set(NSAttachmentAttributeName, std::move(attachment));

@@ -20,6 +20,11 @@ bool within(int number, int least, int most) { return number >= least && number 
 
 }  // namespace
 
+bool isInCalendar(const CalendarTime& time) {
+  const bool isDate = within(time.year, 1, 9999) && within(time.month, 1, 12) && within(time.day, 1, 31);
+  return isDate && within(time.hour, 0, 24) && within(time.minute, 0, 59) && within(time.second, 0, 60);
+}
+
 std::optional<CalendarTime> calendarTimeOf(std::string_view text) {
   CalendarTime time{digits(text, 0, 4), digits(text, 5, 2), digits(text, 8, 2)};
   if (text.size() > 10 && text[10] == 'T') {
@@ -27,10 +32,7 @@ std::optional<CalendarTime> calendarTimeOf(std::string_view text) {
     time.minute = digits(text, 14, 2);
     time.second = text.size() > 16 && text[16] == ':' ? digits(text, 17, 2) : 0;
   }
-  const bool isDate = within(time.year, 1, 9999) && within(time.month, 1, 12) && within(time.day, 1, 31);
-  const bool isTime = within(time.hour, 0, 24) && within(time.minute, 0, 59) && within(time.second, 0, 60);
-  if (!isDate || !isTime) return std::nullopt;
-  return time;
+  return isInCalendar(time) ? std::optional(time) : std::nullopt;
 }
 
 std::string textOf(const CalendarTime& time) {

@@ -9,13 +9,12 @@
 namespace standin::formats {
 namespace {
 
-// With its place in the index, thrice in a vector that grows, and once more for its attachment.
+// With its place in the index, thrice in a vector that grows, and once more for its attachment; without its link.
 size_t costOf(const text::Style& style) {
   constexpr size_t index = 64, strings = 128, picture = 384;
   const size_t fontNames = style.font ? style.font->family.size() + style.font->name.size() : 0;
   const size_t tabs = style.paragraph.tabs ? style.paragraph.tabs->size() * sizeof(text::TabStop) : 0;
-  return 3 * sizeof style + index + strings + fontNames + tabs + style.link.size() * sizeof(char16_t) +
-         (style.attachment != nullptr ? picture : 0);
+  return 3 * sizeof style + index + strings + fontNames + tabs + (style.attachment != nullptr ? picture : 0);
 }
 
 }  // namespace
@@ -28,9 +27,18 @@ uint32_t DocumentBuilder::intern(const text::Style& style) {
   }
   const auto index = static_cast<uint32_t>(document.styles.size());
   document.styles.push_back(style);
+  document.styles.back().link = shared(style.link);
   indices_.emplace(hash, index);
   styleBytes_ += costOf(style);
   return index;
+}
+
+text::Link DocumentBuilder::shared(const text::Link& link) {
+  constexpr size_t place = 160;
+  if (link.empty()) return link;
+  const auto [entry, isNew] = links_.insert(link);
+  if (isNew) styleBytes_ += place + link.text().size() * sizeof(char16_t);
+  return *entry;
 }
 
 void DocumentBuilder::extend(uint32_t length, uint32_t style) {

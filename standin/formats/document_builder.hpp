@@ -3,6 +3,7 @@
 
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "standin/formats/document.hpp"
@@ -11,7 +12,8 @@ namespace standin::formats {
 
 class DocumentBuilder {
  public:
-  // The index of the style, one for all equal ones. Readers that meet a format again keep the index.
+  // The index of the style, one for all equal ones; of its link there is one copy in all styles. Readers that meet a format
+  // again keep the index.
   uint32_t intern(const text::Style& style);
 
   // `style` is an index that `intern` gave.
@@ -19,6 +21,9 @@ class DocumentBuilder {
   void append(char16_t unit, uint32_t style);
   // Units that are not UTF-8 become U+FFFD.
   void appendUTF8(std::string_view text, uint32_t style);
+
+  // For units that were put behind the document's text.
+  void extend(uint32_t length, uint32_t style);
 
   // Takes units off the end, as many as there are at most.
   void removeLast(size_t units);
@@ -34,10 +39,11 @@ class DocumentBuilder {
   Document document;
 
  private:
-  void extend(uint32_t length, uint32_t style);
+  text::Link shared(const text::Link& link);
 
   std::unordered_multimap<size_t, uint32_t> indices_;  // by hash
-  size_t styleBytes_ = 0;                              // of all styles
+  std::unordered_set<text::Link, text::LinkHash> links_;
+  size_t styleBytes_ = 0;  // of all styles
 };
 
 }  // namespace standin::formats

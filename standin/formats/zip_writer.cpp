@@ -36,22 +36,21 @@ void appendDescription(std::string& out, const Entry& entry, const Written& writ
   append16(out, 0);  // extra fields
 }
 
-// Compressed where that makes it shorter.
+// Compressed where that makes it shorter. What the compressor does not fill of its room takes no memory.
 Written appendEntry(std::string& out, const Entry& entry, libdeflate_compressor* compressor) {
   Written written{static_cast<uint32_t>(out.size()), static_cast<uint32_t>(entry.contents.size()),
                   libdeflate_crc32(0, entry.contents.data(), entry.contents.size()), stored};
-  std::string compressed;
+  std::unique_ptr<char[]> compressed;
   if (entry.compressed && !entry.contents.empty()) {
-    compressed.resize(entry.contents.size());
+    compressed = std::make_unique_for_overwrite<char[]>(entry.contents.size());
     const size_t size = libdeflate_deflate_compress(compressor, entry.contents.data(), entry.contents.size(),
-                                                    compressed.data(), compressed.size());
-    compressed.resize(size);
+                                                    compressed.get(), entry.contents.size());
     if (size != 0) written.method = deflated, written.compressedSize = static_cast<uint32_t>(size);
   }
   out += "PK\3\4";
   appendDescription(out, entry, written);
   out += entry.name;
-  out += written.method == deflated ? compressed : entry.contents;
+  out.append(written.method == deflated ? compressed.get() : entry.contents.data(), written.compressedSize);
   return written;
 }
 

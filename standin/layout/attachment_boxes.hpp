@@ -5,6 +5,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "standin/formats/pictures/sizes.hpp"
 #include "standin/text/attachment.hpp"
 
 namespace standin::layout {
@@ -30,6 +31,7 @@ class AttachmentBoxes {
  private:
   double mostWidth_, mostHeight_;
   PictureTest isPicture_;
+  formats::pictures::KnownSizes sizes_;
   std::unordered_map<const text::Attachment*, Box> boxes_;
 };
 

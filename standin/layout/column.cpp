@@ -187,7 +187,7 @@ void Column::measure() {
 
 void Column::nameHeading() {
   line_.heading.clear();
-  if (paragraph_->headerLevel > 0) line_.heading = stretch_.units.substr(0, longestHeading);
+  if (paragraph_->headerLevel > 0) line_.heading = beginningOf(stretch_.units, longestHeading);
 }
 
 }  // namespace standin::layout

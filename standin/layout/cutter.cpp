@@ -50,8 +50,8 @@ const text::Font& iconNameFont() {
 
 std::u16string iconName(const text::Attachment& attachment) {
   const icu::UnicodeString name = icu::UnicodeString::fromUTF8(attachment.fileName);
-  const std::u16string units(name.getBuffer(), static_cast<size_t>(name.length()));
-  return units.size() <= longestName ? units : units.substr(0, longestName - 1) + u'\u2026';
+  std::u16string units(name.getBuffer(), static_cast<size_t>(name.length()));
+  return units.size() <= longestName ? units : std::u16string(beginningOf(units, longestName - 1)) + u'\u2026';
 }
 
 std::u16string_view Cutter::units(uint32_t from, uint32_t end) const {

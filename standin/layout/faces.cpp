@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <string_view>
 
 #include "standin/text/font_patterns.hpp"
@@ -56,15 +57,39 @@ bool isReadable(const FcPattern* font) {
   return format == "TrueType" || format == "CFF";
 }
 
-// Whether the configuration names the family as the one that is wanted or one of the same measures, and not just as an
-// example of its kind. Otherwise answers in `standIn` what stands for the kind.
-bool namesFamily(const FcPattern* wanted, std::string_view family, std::string_view& standIn) {
+// As fontconfig compares the names of families: without spaces, in small letters.
+std::string comparable(std::string_view family) {
+  std::string name;
+  for (const char letter : family) {
+    if (letter != ' ') name += letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+  }
+  return name;
+}
+
+std::set<std::string> installedFamilies() {
+  std::set<std::string> names;
+  const Pattern all(FcPatternCreate());
+  const std::unique_ptr<FcObjectSet, decltype(&FcObjectSetDestroy)> families(FcObjectSetBuild(FC_FAMILY, nullptr),
+                                                                             FcObjectSetDestroy);
+  const FontSet fonts(FcFontList(nullptr, all.get(), families.get()));
+  for (int font = 0; fonts != nullptr && font < fonts->nfont; ++font) {
+    for (int index = 0; !stringIn(fonts->fonts[font], FC_FAMILY, index).empty(); ++index) {
+      names.insert(comparable(stringIn(fonts->fonts[font], FC_FAMILY, index)));
+    }
+  }
+  return names;
+}
+
+// Whether the configuration names a family that is meant as the one that is wanted or one of the same measures, and not just
+// as an example of its kind. Otherwise answers in `standIn` what stands for the kind.
+template <class IsMeant>
+bool namesFamily(const FcPattern* wanted, std::string_view& standIn, IsMeant&& isMeant) {
   standIn = standIns[0].family;
   FcValue value;
   FcValueBinding binding;
   for (int index = 0; FcPatternGetWithBinding(wanted, FC_FAMILY, index, &value, &binding) == FcResultMatch; ++index) {
     const std::string_view name = stringIn(wanted, FC_FAMILY, index);
-    if (name == family && binding != FcValueBindingWeak) return true;
+    if (binding != FcValueBindingWeak && isMeant(name)) return true;
     const auto* row = std::find_if(std::begin(standIns), std::end(standIns), [&](auto& each) { return each.kind == name; });
     if (row != std::end(standIns)) return standIn = row->family, false;
   }
@@ -76,15 +101,7 @@ Pattern match(FcPattern* wanted) {
   return Pattern(FcFontMatch(nullptr, wanted, &result));
 }
 
-Pattern installedFor(const text::Font& font) {
-  const Pattern wanted = request(font.family.c_str(), font);
-  Pattern found = match(wanted.get());
-  std::string_view standIn;
-  if (found == nullptr || namesFamily(wanted.get(), stringIn(found.get(), FC_FAMILY), standIn)) return found;
-  return match(request(std::string(standIn).c_str(), font).get());
-}
-
-// Documents have far fewer; finding one takes a millisecond.
+// Documents have far fewer.
 constexpr size_t mostFonts = 2000;
 
 int styleOf(const text::Font& font) { return (font.bold() ? 1 : 0) + (font.italic() ? 2 : 0) + font.weight * 4; }
@@ -105,6 +122,7 @@ namespace {
 
 template <class Installed>
 Installed installed(const FcPattern* font) {
+  if (font == nullptr || !isReadable(font)) return {{"", 0}, true, true};
   return {{std::string(stringIn(font, FC_FILE)), integerIn(font, FC_INDEX)},
           integerIn(font, FC_WEIGHT) >= FC_WEIGHT_DEMIBOLD,
           integerIn(font, FC_SLANT) != FC_SLANT_ROMAN};
@@ -116,9 +134,24 @@ FaceUse Faces::forFont(const text::Font& font) {
   const auto key = std::pair(font.family, styleOf(font));
   if (const auto known = byFont_.find(key); known != byFont_.end()) return known->second;
   if (byFont_.size() > mostFonts) return byFont_.begin()->second;
-  const Pattern found = installedFor(font);
-  const bool isUsable = found != nullptr && isReadable(found.get());
-  return byFont_[key] = use(isUsable ? installed<Installed>(found.get()) : Installed{{"", 0}, true, true}, font);
+  return byFont_[key] = use(find(font), font);
+}
+
+// Looking through all fonts takes a millisecond, so that it is not done for families that are not there.
+Faces::Installed Faces::find(const text::Font& font) {
+  if (families_.empty()) families_ = installedFamilies();
+  const Pattern wanted = request(font.family.c_str(), font);
+  std::string_view standIn;
+  const auto isThere = [&](std::string_view name) { return families_.contains(comparable(name)); };
+  if (namesFamily(wanted.get(), standIn, isThere)) {
+    const Pattern found = match(wanted.get());
+    const std::string_view family = found != nullptr ? stringIn(found.get(), FC_FAMILY) : std::string_view();
+    const auto isFound = [&](std::string_view name) { return name == family; };
+    if (found == nullptr || namesFamily(wanted.get(), standIn, isFound)) return installed<Installed>(found.get());
+  }
+  const auto [entry, isNew] = standIns_.try_emplace({std::string(standIn), styleOf(font)});
+  if (isNew) entry->second = installed<Installed>(match(request(entry->first.first.c_str(), font).get()).get());
+  return entry->second;
 }
 
 // Those faces that between them have every character, the plainest first.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -38,10 +39,13 @@ class Faces {
   };
 
   Face* open(const FileIndex& file);
+  Installed find(const text::Font& font);
   FaceUse use(const Installed& installed, const text::Font& font);
   const std::vector<Installed>& substitutes(const text::Font& font, bool asPicture);
 
   std::map<FileIndex, Face> faces_;
+  std::set<std::string> families_;                             // that are installed, as they are compared
+  std::map<std::pair<std::string, int>, Installed> standIns_;  // by family and style
   std::map<std::pair<std::string, int>, FaceUse> byFont_;
   std::map<int, std::vector<Installed>> substitutes_;
   std::unordered_map<uint64_t, FaceUse> byCharacter_;

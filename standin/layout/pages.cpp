@@ -1,7 +1,6 @@
 // Rows of pages: all that stand beside each other show the same lines.
 #include "standin/layout/pages.hpp"
 
-#include <unicode/unistr.h>
 #include <algorithm>
 #include <cmath>
 
@@ -17,21 +16,6 @@ constexpr double leastRoom = 10;
 constexpr int mostColumns = 100;
 
 double room(double paper, double first, double second) { return std::max(paper - first - second, leastRoom); }
-
-// Addresses are ASCII: all else is written as its bytes' numbers.
-std::string addressOf(const std::u16string& text) {
-  std::string bytes, address;
-  icu::UnicodeString(text.data(), static_cast<int32_t>(text.size())).toUTF8String(bytes);
-  for (const char byte : bytes) {
-    if (byte > 0x20 && byte < 0x7F) {
-      address += byte;
-    } else {
-      (address += '%') += "0123456789ABCDEF"[static_cast<uint8_t>(byte) >> 4];
-      address += "0123456789ABCDEF"[byte & 0xF];
-    }
-  }
-  return address;
-}
 
 }  // namespace
 
@@ -134,7 +118,7 @@ std::string Pages::annotations(double left, double top) const {
       pdf::appendNumber(out, value);
       out += ' ';
     }
-    out += "]/A<</Type/Action/S/URI/URI" + pdf::byteString(addressOf(link.target)) + ">>>>";
+    out += "]/A " + pdf::reference(link.action) + ">>";
   }
   return out.empty() ? out : "/Annots[" + out + ']';
 }

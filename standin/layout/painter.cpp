@@ -45,7 +45,9 @@ bool haveOneLook(const Piece& left, const Piece& right) { return left.look == ri
 bool haveOneLookAndKind(const Piece& left, const Piece& right) {
   return left.look == right.look && isWhite(left.kind) == isWhite(right.kind);
 }
-bool haveOneLink(const Piece& left, const Piece& right) { return left.look->style->link == right.look->style->link; }
+bool haveOneLink(const Piece& left, const Piece& right) {
+  return left.look == right.look || left.look->style->link == right.look->style->link;
+}
 
 double leftOf(Pieces pieces) { return pieces.front().x; }
 double rightOf(Pieces pieces) { return pieces.back().x + pieces.back().width; }
@@ -180,8 +182,10 @@ void Painter::paintIcon(const text::Attachment& attachment, double x, double bot
 
 void Painter::noteLinks(Pieces pieces, const LinePlace& place) {
   forEachGroup(pieces, haveOneLink, [&](Pieces group) {
-    if (styleOf(group).link.empty()) return;
-    links_.push_back({styleOf(group).link, place.x + leftOf(group), place.bottom, place.x + rightOf(group), place.top});
+    const text::Link& link = styleOf(group).link;
+    if (link.empty()) return;
+    links_.push_back(
+        {resources_.linkAction(link), place.x + leftOf(group), place.bottom, place.x + rightOf(group), place.top});
   });
 }
 

@@ -12,7 +12,7 @@ namespace standin::layout {
 
 // A link and the rectangle that it covers, as lines are placed.
 struct LinkArea {
-  std::u16string target;
+  int action;  // the object that leads to its target
   double left, bottom, right, top;
 };
 

@@ -19,6 +19,11 @@ const text::Style& noStyle() {
 
 }  // namespace
 
+std::u16string_view beginningOf(std::u16string_view units, size_t most) {
+  if (units.size() <= most) return units;
+  return units.substr(0, most > 0 && U16_IS_LEAD(units[most - 1]) ? most - 1 : most);
+}
+
 // Answers the length up to what ends the paragraph. Reads ahead little by little: most paragraphs are short.
 uint32_t StretchReader::readUnits(uint32_t from, std::u16string& units) const {
   const uint32_t most = std::min(mostUnits, size() - from);

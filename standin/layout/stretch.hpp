@@ -3,6 +3,7 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "standin/formats/styled_runs.hpp"
@@ -25,6 +26,9 @@ struct Stretch {
 
   uint32_t end() const { return start + static_cast<uint32_t>(units.size()); }
 };
+
+// So many units at most, and none of half a character.
+std::u16string_view beginningOf(std::u16string_view units, size_t most);
 
 // Reads stretches, from anywhere.
 class StretchReader {

@@ -65,7 +65,7 @@ size_t mix(size_t hash) {
 size_t hashOf(std::span<const Attribute> attributes) {
   size_t hash = attributes.size();
   for (const Attribute& attribute : attributes) {
-    hash = mix(hash + functions.hash(attribute.key)) + functions.hash(attribute.value);
+    hash = mix(hash + functions.hashKey(attribute.key)) + functions.hashValue(attribute.value);
   }
   return mix(hash);
 }

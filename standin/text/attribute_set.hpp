@@ -16,7 +16,8 @@ struct AttributeFunctions {
   AttributeObject (*retain)(AttributeObject);
   void (*release)(AttributeObject);
   AttributeObject (*copyKey)(AttributeObject);  // answers one reference
-  size_t (*hash)(AttributeObject);
+  size_t (*hashKey)(AttributeObject);
+  size_t (*hashValue)(AttributeObject);  // the same of values that are interchangeable, and the same for good
   bool (*keysEqual)(AttributeObject, AttributeObject);
   bool (*keyBefore)(AttributeObject, AttributeObject);        // a total order, so that a set has one order whoever made it
   bool (*interchangeable)(AttributeObject, AttributeObject);  // one value can stand for the other

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "standin/text/attachment.hpp"
+#include "standin/text/link.hpp"
 
 namespace standin::text {
 
@@ -98,7 +99,7 @@ struct Style {
   int superscript = 0;    // levels up, or down when negative
   double baselineOffset = 0, kern = 0, expansion = 0, strokeWidth = 0, obliqueness = 0;
   std::optional<int> ligature;  // 0 none, 1 the usual ones, 2 all
-  std::u16string link;          // the target as text
+  Link link;
   std::optional<Shadow> shadow;
   std::shared_ptr<const Attachment> attachment;
   Paragraph paragraph;

@@ -31,8 +31,13 @@ size_t hashOf(const Paragraph& paragraph) {
                             &P::defaultTabInterval, &P::hyphenationFactor}) {
     mix(hash, paragraph.*length);
   }
-  for (const TabStop& tab : paragraph.tabs.value_or(std::vector<TabStop>()))
-    mix(hash, tab.position + static_cast<double>(tab.kind));
+  if (paragraph.tabs) {
+    mix(hash, paragraph.tabs->size());
+    for (const TabStop& tab : *paragraph.tabs) {
+      mix(hash, tab.position);
+      mix(hash, static_cast<int>(tab.kind));
+    }
+  }
   return hash;
 }
 
@@ -57,7 +62,7 @@ size_t hashOf(const Style& style) {
     mix(hash, style.shadow->color);
   }
   mix(hash, style.ligature.value_or(-1));
-  mix(hash, style.link);
+  mix(hash, style.link.hash());
   mix(hash, static_cast<const void*>(style.attachment.get()));
   mix(hash, hashOf(style.paragraph));
   return hash;

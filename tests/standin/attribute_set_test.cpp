@@ -9,6 +9,8 @@
 #include "standin/foundation/collections.hpp"
 #include "standin/foundation/number.hpp"
 #include "standin/foundation/string.hpp"
+#include "standin/runtime/class_definition.hpp"
+#include "standin/text/style_hash.hpp"
 
 namespace {
 
@@ -57,6 +59,31 @@ TEST(AttributeSet, KeepsApartWhatProgramsCanTellApart) {
   const AttributeSet withFixed = AttributeSet().with(alpha, fixed.get());
   EXPECT_NE(withFixed, AttributeSet().with(alpha, changing.get()));
   EXPECT_EQ(withFixed, AttributeSet().with(alpha, newString(std::string_view("text")).get()));
+}
+
+struct Changeable : standin::Object {};
+int questions = 0;  // whether one is equal to another
+const standin::ClassDefinition changeable =
+    standin::defineClass<Changeable>("AttributeSetTestChangeable", "NSObject")
+        .method<+[](NSObject* self, NSObject* other) -> BOOL { return ++questions, self == other; }>("isEqual:")
+        .method<+[](Changeable&) -> NSUInteger { return 1; }>("hash");
+
+// Pictures by the thousand look alike, and to compare two of them takes reading their files.
+TEST(AttributeSet, DoesNotCompareWhatCanChange) {
+  std::vector<Owned<NSObject>> values;
+  std::vector<AttributeSet> sets;
+  for (int index = 0; index < 20; ++index) {
+    values.push_back(standin::create<Changeable, NSObject>(changeable));
+    sets.push_back(set({{alpha, values.back().get()}}));
+    EXPECT_EQ(sets.back(), set({{alpha, values.back().get()}}));
+  }
+  EXPECT_EQ(AttributeSet::living(), 20U);
+  EXPECT_EQ(questions, 0);
+}
+
+TEST(AttributeSet, TabStopsOfDifferentKindsHashApart) {
+  const auto hashOf = [](TabStop stop) { return standin::text::hashOf(Paragraph{.tabs = std::vector<TabStop>{stop}}); };
+  EXPECT_NE(hashOf({0, TabKind::right}), hashOf({1, TabKind::left}));
 }
 
 // What was remembered of one set must not answer for another that came to its place, nor for an object at a freed address.

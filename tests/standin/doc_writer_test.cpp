@@ -295,6 +295,23 @@ TEST(DocWriter, PicturesAreInTheLineAndOtherFilesAreLeftOut) {
   EXPECT_EQ(styleAt(again, 1).link, small.link);
 }
 
+// Formats that take most of a page each: the next one goes to another page.
+TEST(DocWriter, ManyTabStopsInEveryParagraphComeBack) {
+  for (const int count : {10, 60}) {
+    std::vector<Piece> pieces(12, {u"a\n", sized(12)});
+    for (size_t index = 0; index < pieces.size(); ++index) {
+      auto& paragraph = pieces[index].style.paragraph;
+      paragraph.headIndent = static_cast<double>(index + 1);
+      paragraph.tabs.emplace();
+      for (int tab = 1; tab <= count; ++tab) paragraph.tabs->push_back({5.0 * tab});
+    }
+    const Document again = readAgain(pieces);
+    for (size_t index = 0; index < pieces.size(); ++index) {
+      EXPECT_EQ(styleAt(again, 2 * index).paragraph.tabs, pieces[index].style.paragraph.tabs) << count << ", " << index;
+    }
+  }
+}
+
 TEST(DocWriter, NonsenseIsHeldWithinWhatTheFormatHas) {
   constexpr double infinite = std::numeric_limits<double>::infinity(), none = std::numeric_limits<double>::quiet_NaN();
   for (const double value : {1e300, -1e300, infinite, none}) {

@@ -119,7 +119,7 @@ std::map<std::string, std::string> featuresOf(const Style& style) {
       {"background", colorText(style.background)},
       {"script", std::to_string(style.superscript)},
       {"kern", number(style.kern)},
-      {"link", std::string(style.link.begin(), style.link.end())},
+      {"link", std::string(style.link.text().begin(), style.link.text().end())},
       {"alignment", std::to_string(static_cast<int>(paragraph.alignment) % 4)},
       {"direction", paragraph.direction == text::WritingDirection::rightToLeft ? "rtl" : ""},
       {"indents",

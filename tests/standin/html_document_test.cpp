@@ -79,6 +79,8 @@ TEST(HtmlDocument, ResolvesLinks) {
       {"<base href='/base/'>", "c", u"http://h/base/c"},
       {"<base href='https://x/y/z'><base href=ignored>", "c", u"https://x/y/c"},
   };
+  const std::string tooLong = "<base href='http://x/" + std::string(2048, 'y') + "/'>";
+  EXPECT_EQ(styleOfX(tooLong + "<a href=c>x", {.baseURL = "http://h/a/b.html"}).link, u"http://h/a/c");
   for (const auto& row : rows) {
     const std::string html = std::string(row.head) + "<a href='" + row.reference + "'>x</a>";
     EXPECT_EQ(styleOfX(html, {.baseURL = "http://h/a/b.html"}).link, row.link) << html;
@@ -87,6 +89,17 @@ TEST(HtmlDocument, ResolvesLinks) {
   const auto document = documentOf("<p><a href=l>link</a></p>after");
   EXPECT_EQ(html_support::styleAt(document, 3).link, u"l");
   EXPECT_EQ(html_support::styleAt(document, 4).link, u"");  // the paragraph's end
+}
+
+// Thousands of addresses, each of a short one and a long base, are not all made.
+TEST(HtmlDocument, ResolvesLinksAsFarAsTheyAreInStepWithTheDocument) {
+  const std::string base = "http://x/" + std::string(2000, 'y') + "/";
+  std::string html = "<base href='" + base + "'>";
+  for (int link = 0; link < 2000; ++link) html += "<a href=" + std::to_string(link) + ">x</a>";
+  const auto document = documentOf(html);
+  EXPECT_EQ(html_support::utf8Of(html_support::styleAt(document, 0).link), base + "0");
+  EXPECT_EQ(html_support::utf8Of(html_support::styleAt(document, 400).link), base + "400");
+  EXPECT_EQ(html_support::styleAt(document, 1999).link, u"1999");
 }
 
 class HtmlPictures : public testing::Test {

@@ -32,6 +32,7 @@ namespace {
 using namespace standin::layout;
 namespace text = standin::text;
 using standin::formats::StyledRuns;
+using namespace std::string_literals;
 
 std::vector<uint32_t> breaksByICU(std::u16string_view word) {
   UErrorCode status = U_ZERO_ERROR;
@@ -312,6 +313,21 @@ TEST(PdfImages, KeepJPEGAndDecodeTheRest) {
        {std::string(), std::string("text"), png.substr(0, 50), std::string("\xFF\xD8\xFF\xC0")}) {
     fileOf([&](pdf::File& file) { EXPECT_EQ(pdf::writeImage(file, span(broken)), 0); });
   }
+  // Its size is far beyond what its bytes earn: there is room for one. Pictures that are shown as they are take none.
+  const std::string gif = "GIF89a\xC8\0\xC8\0\x80\0\0\1\2\3\4\5\6,\0\0\0\0\1\0\1\0\0\2\2\x44\1\0;"s;
+  fileOf([&](pdf::File& file) {
+    pdf::Images images(file, 30'000);
+    EXPECT_NE(images.write(span(gif)), 0);
+    EXPECT_EQ(images.write(span(gif)), 0);
+    EXPECT_NE(images.write(span(jpeg)), 0);
+  });
+}
+
+TEST(Beginnings, EndBetweenCharacters) {
+  EXPECT_EQ(beginningOf(u"ab\U0001F600c", 3), u"ab");
+  EXPECT_EQ(beginningOf(u"ab\U0001F600c", 4), u"ab\U0001F600");
+  EXPECT_EQ(beginningOf(u"\U0001F600", 1), u"");
+  EXPECT_EQ(beginningOf(u"ab", 2), u"ab");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <climits>
 #include <functional>
 
+#include "standin/appkit/document_text.hpp"
 #include "standin/formats/doc/reader.hpp"
 #include "standin/formats/file_archive/layout.hpp"
 #include "standin/formats/rtf/reader.hpp"
@@ -171,6 +172,8 @@ TEST(Limits, WhatIsPastThemIsLeftOut) {
       {"odt pages", readODT, 1000, 1001, odtPages, isOfLastPage},
       {"docx styles", readDocx, 5000, 5001, wordStyles, isBold},
       {"docx lists", readDocx, 10'000, 10'001, wordLists, isNumbered},
+      {"rtf combinations of styles", readRTF, 10'000, 60'000,
+       [](size_t n) { return "{\\rtf1 " + repeated("\\li# y\\par", n) + "\\b x}"; }, isBold},
       {"docx combinations of styles", readDocx, 4000, 50'001,
        [](size_t n) {
          return tests::docxOf("<w:p>" + repeated(wordRun("<w:spacing w:val=\"#\"/>", "y"), n) + wordRun("<w:b/>", "x") +
@@ -267,6 +270,33 @@ TEST(Limits, WhatIsRepeatedIsCounted) {
   EXPECT_EQ(counted(spaces(10'001), u' '), 10'000);
   EXPECT_EQ(counted(cells(999), u'x'), 999);
   EXPECT_EQ(counted(cells(1'001), u'x'), 1'000);
+}
+
+// However many styles have it, one copy of a link's address is there.
+TEST(Limits, LinksAreSharedByStyles) {
+  const AutoreleasePool pool;
+  const std::string address = "http://e.org/";
+  const std::optional<Document> documents[] = {
+      readRTF("{\\rtf1{\\field{\\*\\fldinst HYPERLINK \"" + address + "\"}{\\fldrslt y{\\b x}}}}"),
+      readHTML("<a href='" + address + "'>y<b>x</b></a>"),
+      readDocx(tests::docxOf("<w:p><w:r><w:fldChar w:fldCharType=\"begin\"/></w:r><w:r><w:instrText>HYPERLINK " + address +
+                             "</w:instrText></w:r><w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>" + wordRun("", "y") +
+                             wordRun("<w:b/>", "x") + "<w:r><w:fldChar w:fldCharType=\"end\"/></w:r></w:p>")),
+  };
+  for (const auto& document : documents) {
+    const size_t plain = document->text.find(u'y'), bold = document->text.find(u'x');
+    const Style &style = tests::styleAt(*document, plain), &other = tests::styleAt(*document, bold);
+    EXPECT_NE(style, other);
+    EXPECT_EQ(style.link, u"http://e.org/");
+    EXPECT_EQ(&style.link.text(), &other.link.text());
+    const auto styled = standin::appkit::styledTextOf(*document);
+    const auto objectAt = [&](size_t place) {
+      const auto run = styled.find(static_cast<uint32_t>(place));
+      return standin::text::AttributeSet(run.attributes).find(NSLinkAttributeName);
+    };
+    EXPECT_NE(objectAt(plain), nullptr);
+    EXPECT_EQ(objectAt(plain), objectAt(bold));
+  }
 }
 
 TEST(Limits, ParagraphsKeepSixtyFourTabStops) {

@@ -193,6 +193,17 @@ TEST(OdtWriter, WritesSpansOnlyWhereTheParagraphLooksDifferent) {
                        "\"x:2\">three</text:a></text:p>");
 }
 
+TEST(OdtWriter, RepeatsAddressesUpToABound) {
+  Style first = plain(), second = plain();
+  first.link = std::u16string(1'000'000, u'a');
+  second.link = u"x:";
+  std::u16string paragraphs;
+  for (int paragraph = 0; paragraph < 60; ++paragraph) paragraphs += u"a\n";
+  const std::string body = bodyOf(documentOf({{paragraphs, first}, {u"b", second}}));
+  EXPECT_LT(body.size(), 20'000'000u);
+  EXPECT_NE(body.find("x:"), std::string::npos) << "a new address is written all the same";
+}
+
 TEST(OdtWriter, PacksEachPictureOnce) {
   const auto owner = std::make_shared<const std::string>(pixel);
   const auto attachment = [&](double width, double height) {

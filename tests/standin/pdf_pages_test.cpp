@@ -253,6 +253,8 @@ TEST(PdfPages, HaveLinksHeadingsAndInformation) {
   information.properties.title = u"Title \u00E9";
   information.properties.author = u"Author";
   information.properties.keywords = u"one, two";
+  information.properties.created = {2004, 5, 6, 7, 8, 9};
+  information.properties.modified = {12'345, 5, 6, 7, 8, -9};  // which cannot be written
   const Printed printed({{u"Chapter\n", changed([](Style& style) { style.paragraph.headerLevel = 1; })},
                          {u"Section\n", changed([](Style& style) { style.paragraph.headerLevel = 2; })},
                          {u"a link", changed([](Style& style) { style.link = u"http://example.org/(a) \u00E9"; })},
@@ -261,6 +263,8 @@ TEST(PdfPages, HaveLinksHeadingsAndInformation) {
                         {}, information);
   EXPECT_NE(printed.bytes.find("/URI(http://example.org/\\(a\\)%20%C3%A9)"), std::string::npos);
   EXPECT_EQ(printed.document->get_title(), poppler::ustring::from_utf8("Title \u00E9"));
+  EXPECT_NE(printed.bytes.find("/CreationDate(D:20040506070809)"), std::string::npos);
+  EXPECT_EQ(printed.bytes.find("/ModDate"), std::string::npos);
   EXPECT_EQ(printed.document->get_author().to_latin1(), "Author");
   EXPECT_EQ(printed.document->get_keywords().to_latin1(), "one, two");
   const std::unique_ptr<poppler::toc> contents(printed.document->create_toc());
@@ -365,6 +369,20 @@ TEST(PdfPages, ShowPicturesNoLargerThanTheLineAndOtherFilesAsIcons) {
   }
 }
 
+TEST(PdfPages, HoldAPictureOnceInWhateverSizes) {
+  const std::string pixel("\xFF\x01\x01\xFF");
+  const std::string png =
+      *standin::formats::pictures::encode({reinterpret_cast<const uint8_t*>(pixel.data()), pixel.size()}, {1, 1});
+  Style small, large;
+  small.attachment = std::make_shared<text::Attachment>(attachment(png, 8, 8));
+  auto resized = *small.attachment;
+  resized.width = 40;
+  large.attachment = std::make_shared<text::Attachment>(resized);
+  const Printed printed({{u"\uFFFC", small}, {u"\uFFFC", large}});
+  EXPECT_EQ(printed.bytes.find("/ColorSpace/DeviceRGB"), printed.bytes.rfind("/ColorSpace/DeviceRGB"));
+  EXPECT_NEAR(printed.pixelsOf(255, 1, 1), 8 * 8 + 40 * 8, 80);
+}
+
 TEST(PdfPages, LeavePicturesOutOfShadows) {
   Style style;
   style.font = text::fontNamed("Helvetica", 40);
@@ -395,7 +413,7 @@ TEST(PdfPages, HaveTheLinksOfWhatTheyShow) {
   PageGeometry geometry;
   geometry.viewWidth = 902;
   const auto linked = [](const char16_t* target) { return changed([&](Style& style) { style.link = target; }); };
-  const Printed printed({{std::u16string(10, u'n') + u' ', linked(u"x:near")},
+  const Printed printed({{std::u16string(10, u'n') + u'\n' + std::u16string(10, u'n') + u' ', linked(u"x:near")},
                          {std::u16string(60, u'n') + u' ', Style()},
                          {std::u16string(10, u'n'), linked(u"x:far")}},
                         geometry);
@@ -405,6 +423,7 @@ TEST(PdfPages, HaveTheLinksOfWhatTheyShow) {
     for (size_t at = printed.bytes.find(part); at != std::string::npos; at = printed.bytes.find(part, at + 1)) ++found;
     return found;
   };
+  EXPECT_EQ(count("/Subtype/Link"), 3) << "one for each line";
   EXPECT_EQ(count("(x:near)"), 1);
   EXPECT_EQ(count("(x:far)"), 1);
 }

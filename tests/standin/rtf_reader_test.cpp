@@ -309,6 +309,16 @@ TEST(RtfReader, WhatWordsSayTogetherDoesNotDependOnTheirOrder) {
   EXPECT_TRUE(styleAt(*document, 4).shadow->color);
 }
 
+TEST(RtfReader, LeavesOutTimesOutsideTheCalendarAndMostOfFontNamesWithoutSense) {
+  for (const char* time : {"\\yr2147483647\\mo1\\dy1", "\\yr2001\\mo13\\dy1", "\\yr2001\\mo2\\dy-1", ""}) {
+    const auto document = parsed("{\\rtf1{\\info{\\creatim" + std::string(time) + "}{\\revtim\\yr2001\\mo2\\dy3}}x}");
+    EXPECT_FALSE(document->properties.created) << time;
+    EXPECT_EQ(document->properties.modified->day, 3) << time;
+  }
+  const auto document = parsed("{\\rtf1{\\fonttbl{\\f0 " + std::string(1000, 'n') + ";}}\\f0 x}");
+  EXPECT_EQ(styleAt(*document, 0).font->family, std::string(255, 'n'));
+}
+
 TEST(RtfReader, VersionAndBackgroundComeBack) {
   standin::formats::DocumentInformation information;
   information.rtfVersion = 2000;

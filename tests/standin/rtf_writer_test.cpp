@@ -79,6 +79,10 @@ TEST(RtfWriter, ALinkIsAFieldInEachParagraphWithItsTargetQuoted) {
   const std::string target = "{\\field{\\*\\fldinst{HYPERLINK \"http://example.org/?a=%22b%22\"}}{\\fldrslt ";
   EXPECT_EQ(body({{u"one\n\ntwo", link}, {u"end", {}}}),
             "\\f0 " + target + "one\\par\n}}" + target + "\\par\n}}" + target + "two}}end");
+  // The field's own end takes back what its runs said.
+  Style underlined = link;
+  underlined.underline = 1;
+  EXPECT_EQ(body({{u"a", link}, {u"b", underlined}, {u"c", {}}}), "\\f0 " + target + "a\\ul b}}c");
 }
 
 TEST(RtfWriter, SizesAreHalfPointsWithinWhatReadersTake) {

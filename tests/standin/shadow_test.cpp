@@ -49,6 +49,7 @@ TEST(Shadow, CopiesAreEqualAndApart) {
   EXPECT_TRUE(NSObject::isEqual(shadow, copy));
   EXPECT_EQ(NSObject::hash(shadow), NSObject::hash(copy));
   EXPECT_FALSE(NSObject::isEqual(shadow, made()));
+  EXPECT_NE(NSObject::hash(shadow), NSObject::hash(appkit::newShadow({3, -4, 2.5, text::Color{}})));
   EXPECT_FALSE(NSObject::isEqual(shadow, nullptr));
   EXPECT_FALSE(NSObject::isEqual(shadow, foundation::constantString("shadow")));
   const std::function<void(NSShadow*)> changes[] = {

@@ -90,6 +90,21 @@ TEST(WordXmlWriters, EachAttributeComesBackAndEndsWhereItEnded) {
   }
 }
 
+TEST(WordXmlWriters, ALongAddressIsWrittenOnceForAllParagraphs) {
+  Style style = plainStyle();
+  for (const std::u16string start : {u"#", u"x:", u"x: "}) {
+    style.link = start + std::u16string(5000, u'a') + u"&";
+    std::u16string text;
+    for (int paragraph = 0; paragraph < 300; ++paragraph) text += u"a\n";
+    const Document document = rewritten(editions[0], {{text, style}});
+    EXPECT_EQ(styleAt(document, 0).link, style.link);
+    EXPECT_EQ(styleAt(document, 598).link, style.link);
+    const std::string file = *standin::formats::docx::write(tests::styledRunsOf({{text, style}}), {});
+    const std::string main = *standin::formats::zip::Archive::open(tests::bytesOf(file))->read("word/document.xml");
+    EXPECT_LT(main.size(), 300'000u);
+  }
+}
+
 TEST(WordXmlWriters, EachParagraphKeepsItsLayoutAndItsMark) {
   using standin::text::Paragraph;
   using standin::text::TabKind;

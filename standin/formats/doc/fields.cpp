@@ -43,10 +43,11 @@ void Fields::addInstruction(std::u16string_view text) {
 uint32_t Fields::linkTo(std::u16string_view instruction) {
   constexpr size_t longestInstruction = 4096;
   if (instruction.size() > longestInstruction) return 0;
-  const auto target = linkTarget(instruction);
-  if (!target) return 0;
-  const auto [entry, isNew] = links_.try_emplace(*target, static_cast<uint32_t>(targets_.size() + 1));
-  if (isNew) targets_.push_back(*target);
+  auto address = linkTarget(instruction);
+  if (!address) return 0;
+  const text::Link target(*std::move(address));
+  const auto [entry, isNew] = links_.try_emplace(target, static_cast<uint32_t>(targets_.size() + 1));
+  if (isNew) targets_.push_back(target);
   return entry->second;
 }
 

@@ -6,6 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "standin/text/link.hpp"
+
 namespace standin::formats::doc {
 
 class Fields {
@@ -20,7 +22,7 @@ class Fields {
 
   // The link that the place is in, by number from 1; 0: none.
   uint32_t link() const { return open_.empty() ? 0 : open_.back().link; }
-  const std::u16string& target(uint32_t link) const { return targets_[link - 1]; }
+  const text::Link& target(uint32_t link) const { return targets_[link - 1]; }
 
  private:
   static constexpr size_t outside = SIZE_MAX;
@@ -35,8 +37,8 @@ class Fields {
 
   std::vector<Field> open_;
   size_t tooDeep_ = 0;  // open fields that are not followed
-  std::vector<std::u16string> targets_;
-  std::unordered_map<std::u16string, uint32_t> links_;
+  std::vector<text::Link> targets_;
+  std::unordered_map<text::Link, uint32_t, text::LinkHash> links_;
 };
 
 }  // namespace standin::formats::doc

@@ -10,7 +10,7 @@ size_t Formatter::Hash::operator()(const StyleKey& key) const {
   return (first ^ second * 0x9E3779B97F4A7C15) * 0xC2B2AE3D27D4EB4F >> 7;
 }
 
-uint32_t Formatter::indexOf(const StyleKey& key, std::u16string_view target) {
+uint32_t Formatter::indexOf(const StyleKey& key, const text::Link& target) {
   if (key == last_) return lastIndex_;
   last_ = key;
   if (const auto known = indices_.find(key); known != indices_.end()) return lastIndex_ = known->second;
@@ -26,7 +26,7 @@ uint32_t Formatter::indexWith(uint32_t style, std::shared_ptr<const text::Attach
   return builder_.intern(with);
 }
 
-text::Style Formatter::make(const StyleKey& key, std::u16string_view target) {
+text::Style Formatter::make(const StyleKey& key, const text::Link& target) {
   const CharacterProperties& properties = resolver_.characters(key.characters);
   CharacterFormatting formatting = formattingOf(properties, key.script == Script::complex);
   const uint16_t number = properties.hasSymbol ? properties.symbolFont : properties.fonts[static_cast<size_t>(key.script)];

@@ -25,7 +25,7 @@ class Formatter {
       : resolver_(resolver), fonts_(fonts), builder_(builder), mostStyles_(mostStyles) {}
 
   // The index of the style in the document. `target` is the link's.
-  uint32_t indexOf(const StyleKey& key, std::u16string_view target);
+  uint32_t indexOf(const StyleKey& key, const text::Link& target);
   // The same style with a picture.
   uint32_t indexWith(uint32_t style, std::shared_ptr<const text::Attachment> picture);
 
@@ -34,7 +34,7 @@ class Formatter {
     size_t operator()(const StyleKey& key) const;
   };
 
-  text::Style make(const StyleKey& key, std::u16string_view target);
+  text::Style make(const StyleKey& key, const text::Link& target);
   const text::Paragraph& paragraphOf(uint32_t index);
 
   const Resolver& resolver_;

@@ -177,8 +177,7 @@ class Reader {
 
   uint32_t styleFor(Script script) {
     const uint32_t link = fields_.link();
-    return formatter_.indexOf({paragraph_, characters_, link, script},
-                              link != 0 ? std::u16string_view(fields_.target(link)) : std::u16string_view());
+    return formatter_.indexOf({paragraph_, characters_, link, script}, link != 0 ? fields_.target(link) : text::Link());
   }
 
   void addMarker() {

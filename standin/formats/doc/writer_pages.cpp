@@ -52,7 +52,9 @@ class PageWriter {
 
   bool fits(const Entry& entry) const {
     const size_t count = starts_.size() + 1;
-    return placeSize * (count + 1) + referenceSize_ * count <= (isInPage(entry) ? formatsStart_ : positionFor(entry));
+    const size_t placesEnd = placeSize * (count + 1) + referenceSize_ * count;
+    if (isInPage(entry)) return placesEnd <= formatsStart_;
+    return entry.bytes.size() <= formatsStart_ && placesEnd <= positionFor(entry);
   }
 
   void add(Entry& entry, uint32_t from) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_map>
 
 #include "standin/formats/colors.hpp"
 #include "standin/formats/docx/parts_writer.hpp"
@@ -41,18 +42,11 @@ class LatestEdition final : public Edition {
 
   bool hasHyphenElements() const override { return true; }
 
-  void openLink(std::string& out, std::u16string_view target) override {
-    isField_ = !isPlainAddress(target);
-    if (isField_) return openField(out, target);
-    std::string escaped;
-    xml::appendEscaped(escaped, target);
-    if (target.starts_with(u'#')) {
-      out += "<w:hyperlink w:anchor=\"" + escaped.substr(1) + "\">";
-    } else {
-      std::string& id = links_[escaped];
-      if (id.empty()) id = addRelationship("hyperlink", escaped, true);
-      out += "<w:hyperlink r:id=\"" + id + "\">";
-    }
+  void openLink(std::string& out, const text::Link& target) override {
+    const auto [entry, isNew] = links_.try_emplace(target);
+    if (isNew) entry->second = linkTo(target);
+    isField_ = entry->second.isField;
+    out += entry->second.opening;
   }
 
   void closeLink(std::string& out) override {
@@ -77,12 +71,30 @@ class LatestEdition final : public Edition {
   std::string relationships() const { return relationshipsPart(relationships_); }
 
  private:
-  static void openField(std::string& out, std::u16string_view target) {
-    out += "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r><w:r><w:instrText xml:space=\"preserve\"> HYPERLINK \"";
+  struct WrittenLink {
+    std::string opening;
+    bool isField = false;
+  };
+
+  // What opens a link is written at every place, so that a long address, which no program follows, is none of it.
+  WrittenLink linkTo(std::u16string_view target) {
+    constexpr size_t longestInPlace = 2'083;
+    const bool isLong = target.size() > longestInPlace;
+    if (!isLong && !isPlainAddress(target)) return {fieldOpening(target), true};
+    std::string escaped;
+    xml::appendEscaped(escaped, target);
+    if (!isLong && target.starts_with(u'#')) return {"<w:hyperlink w:anchor=\"" + escaped.substr(1) + "\">"};
+    return {"<w:hyperlink r:id=\"" + addRelationship("hyperlink", escaped, true) + "\">"};
+  }
+
+  static std::string fieldOpening(std::u16string_view target) {
+    std::string out =
+        "<w:r><w:fldChar w:fldCharType=\"begin\"/></w:r><w:r><w:instrText xml:space=\"preserve\"> HYPERLINK \"";
     std::u16string quoted;
     for (const char16_t unit : target) unit == u'"' ? quoted += u"%22" : quoted += unit;
     xml::appendEscaped(out, quoted);
     out += "\" </w:instrText></w:r><w:r><w:fldChar w:fldCharType=\"separate\"/></w:r>";
+    return out;
   }
 
   std::string addRelationship(std::string_view type, std::string_view target, bool isExternal = false) {
@@ -103,7 +115,7 @@ class LatestEdition final : public Edition {
 
   PartsWriter& parts_;
   std::string relationships_;
-  std::map<std::string, std::string> links_;        // ids by escaped target
+  std::unordered_map<text::Link, WrittenLink, text::LinkHash> links_;
   std::map<const uint8_t*, std::string> pictures_;  // ids by where the bytes are
   int ids_ = 0;
   bool isField_ = false;
@@ -116,7 +128,8 @@ std::string root(std::string_view name, std::string_view contents) {
   return out;
 }
 
-std::string documentPart(const std::string& body, const DocumentInformation& information) {
+// What stands before the paragraphs in the main part, and behind them.
+std::string documentHead(const DocumentInformation& information) {
   std::string out(xmlDeclaration);
   ((out += "<w:document xmlns:w=\"") += wordNamespace) +=
       "\" xmlns:r=\"http://schemas.openxmlformats.org/officeDocument/2006/relationships\" "
@@ -124,7 +137,11 @@ std::string documentPart(const std::string& body, const DocumentInformation& inf
       "xmlns:mc=\"http://schemas.openxmlformats.org/markup-compatibility/2006\" "
       "xmlns:w14=\"http://schemas.microsoft.com/office/word/2010/wordml\" mc:Ignorable=\"w14\">";
   if (information.background) out += "<w:background w:color=\"" + hexOf(*information.background) + "\"/>";
-  return out += "<w:body>" + body + sectionProperties(information.page) + "</w:body></w:document>";
+  return out += "<w:body>";
+}
+
+std::string documentTail(const DocumentInformation& information) {
+  return sectionProperties(information.page) + "</w:body></w:document>";
 }
 
 // Without the mode, Word lays the document out as its oldest edition would.
@@ -141,7 +158,10 @@ std::optional<std::string> write(const StyledRuns& styled, const DocumentInforma
   addProperties(parts, information.properties);
   LatestEdition edition(parts);
   BodyWriter body(styled, edition, textWidthOf(information.page));
-  parts.addOffice("word/document.xml", "wordprocessingml.document.main+xml", documentPart(body.write(), information));
+  std::string document = documentHead(information);
+  body.write(document);
+  document += documentTail(information);
+  parts.addOffice("word/document.xml", "wordprocessingml.document.main+xml", std::move(document));
   parts.addOffice("word/styles.xml", "wordprocessingml.styles+xml", root("styles", styleElements(edition)));
   parts.addOffice("word/settings.xml", "wordprocessingml.settings+xml", root("settings", settings(edition, information)));
   parts.addOffice("word/fontTable.xml", "wordprocessingml.fontTable+xml", root("fonts", fontElements(body.fonts())));

@@ -90,7 +90,7 @@ class BodyWriter {
   }
 
   // Runs with one target are one link.
-  void setLink(std::u16string_view target) {
+  void setLink(const text::Link& target) {
     if (target == link_ || !vocabulary_.has("a")) return;
     if (!link_.empty()) out_ += "</a>";
     link_ = target;
@@ -107,7 +107,7 @@ class BodyWriter {
   const std::string break_;            // its tag; empty when there are none
   std::vector<StyleMarkup*> styles_;   // of the paragraph's runs
   std::vector<uint32_t> unitsByFont_;  // of the paragraph, all zero between paragraphs
-  std::u16string_view link_;           // the open link's target
+  text::Link link_;                    // the open one
   std::string linkOpening_;
   std::string out_;
   CharacterWriter characters_;

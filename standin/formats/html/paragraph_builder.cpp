@@ -211,7 +211,7 @@ void ParagraphBuilder::setMarker(std::u16string text, ElementStyles::Index style
   markerStyle_ = style;
 }
 
-ParagraphBuilder::Link ParagraphBuilder::linkTo(const std::u16string& target) {
+ParagraphBuilder::Link ParagraphBuilder::linkTo(const text::Link& target) {
   const auto [entry, isNew] = linkNumbers_.try_emplace(target, static_cast<Link>(links_.size() + 1));
   if (isNew) links_.push_back(target);
   return entry->second;

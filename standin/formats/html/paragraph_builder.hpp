@@ -48,7 +48,7 @@ class ParagraphBuilder {
     if (!marker_.empty()) addEmptyParagraph();
   }
   void setLink(Link link) { link_ = link; }
-  Link linkTo(const std::u16string& target);
+  Link linkTo(const text::Link& target);
 
   size_t paragraphCount() const { return paragraphCount_; }
   // The last paragraph has no end of its own.
@@ -111,8 +111,8 @@ class ParagraphBuilder {
   std::u16string breaks_;
   ElementStyles::Index breakStyle_ = 0, emptyLineStyle_ = 0;
 
-  std::vector<std::u16string> links_;
-  std::unordered_map<std::u16string, Link> linkNumbers_;
+  std::vector<text::Link> links_;
+  std::unordered_map<text::Link, Link, text::LinkHash> linkNumbers_;
   std::vector<std::shared_ptr<const text::Attachment>> pictures_;
   std::map<Layout, uint32_t> paragraphNumbers_;
   std::vector<text::Paragraph> paragraphs_;

@@ -65,7 +65,7 @@ std::optional<Document> read(std::span<const uint8_t> bytes, const ReadOptions& 
   auto decoded = decodeDocument(bytes, options.encodingName);
   if (!decoded) return std::nullopt;
   const Tree tree(std::move(decoded->text));
-  Resources resources(options);
+  Resources resources(options, bytes.size());
   tree.forEachElement([&](NodeIndex element) {
     if (tree[element].tag == Tag::base) resources.setBase(tree.attribute(element, AttributeName::href).value_or(""));
   });

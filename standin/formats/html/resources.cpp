@@ -14,6 +14,10 @@ namespace standin::formats::html {
 namespace {
 
 constexpr size_t mostFileBytes = size_t{64} << 20;
+constexpr size_t longestBase = 2048;
+
+// Addresses of 80 characters for links of 20 are far from it.
+constexpr size_t mostAddressBytes(size_t documentBytes) { return 4 * documentBytes + (size_t{1} << 20); }
 
 bool hasScheme(const foundation::UrlParts& url, std::string_view scheme) {
   return url.scheme && equalIgnoringCase(*url.scheme, scheme);
@@ -50,23 +54,36 @@ std::string fileNameOf(std::string_view address, std::span<const uint8_t> bytes)
 
 }  // namespace
 
-Resources::Resources(const ReadOptions& options) : options_(options), budget_(mostFileBytes) {
+Resources::Resources(const ReadOptions& options, size_t documentBytes)
+    : options_(options), fileBudget_(mostFileBytes), addressBudget_(mostAddressBytes(documentBytes)) {
   if (!options.baseURL.empty()) base_ = foundation::parseUrl(options.baseURL);
   std::error_code failed;
   if (!options.folder.empty()) folder_ = std::filesystem::canonical(options.folder, failed);
 }
 
 void Resources::setBase(std::string_view reference) {
-  if (hasBaseElement_ || trimmed(reference).empty()) return;
+  reference = trimmed(reference);
+  if (hasBaseElement_ || reference.empty() || reference.size() > longestBase) return;
   hasBaseElement_ = true;
   base_ = foundation::parseUrl(resolve(reference));
 }
 
-std::string Resources::resolve(std::string_view reference) const {
+std::string Resources::resolve(std::string_view reference) {
   std::string address = withoutLineEnds(reference);
-  if (!base_ || base_->isOpaque() || isData(address)) return address;
+  return !base_ || base_->isOpaque() || isData(address) ? address : absolute(address);
+}
+
+std::string Resources::absolute(const std::string& address) {
+  if (const auto known = addresses_.find(address); known != addresses_.end()) return known->second;
   const foundation::UrlParts parts = foundation::parseUrl(address);
-  return parts.scheme ? address : foundation::resolveUrl(*base_, parts).text();
+  if (parts.scheme || addressBudget_ == 0) return address;
+  std::string resolved = foundation::resolveUrl(*base_, parts).text();
+  if (resolved.size() > addressBudget_) {
+    addressBudget_ = 0;
+    return address;
+  }
+  addressBudget_ -= resolved.size();
+  return addresses_.emplace(address, std::move(resolved)).first->second;
 }
 
 std::optional<std::string> Resources::load(std::string_view reference) {
@@ -86,8 +103,8 @@ std::optional<std::string> Resources::loadFile(const foundation::UrlParts& url) 
   const std::filesystem::path path = std::filesystem::canonical(foundation::unescaped(url.path), failed);
   if (failed || !isInside(path, folder_) || !std::filesystem::is_regular_file(path, failed)) return std::nullopt;
   const auto size = std::filesystem::file_size(path, failed);
-  if (failed || size > budget_) return std::nullopt;
-  budget_ -= static_cast<size_t>(size);
+  if (failed || size > fileBudget_) return std::nullopt;
+  fileBudget_ -= static_cast<size_t>(size);
   std::ifstream file(path, std::ios::binary);
   std::string bytes(static_cast<size_t>(size), '\0');
   file.read(bytes.data(), static_cast<std::streamsize>(size));

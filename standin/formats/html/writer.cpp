@@ -1,10 +1,9 @@
 // The frame of the document: its type, its head with what the document says of itself, its body.
 #include "standin/formats/html/writer.hpp"
 
-#include <glib.h>
-
 #include <algorithm>
 
+#include "standin/formats/base64.hpp"
 #include "standin/formats/calendar_times.hpp"
 #include "standin/formats/html/body_writer.hpp"
 #include "standin/formats/html/character_writer.hpp"
@@ -106,10 +105,7 @@ class DocumentWriter {
 std::string dataAddress(const text::Attachment& attachment) {
   const std::string type = pictures::mimeTypeOf(pictures::formatOf(attachment.contents));
   if (type.empty()) return "";
-  gchar* base64 = g_base64_encode(attachment.contents.data(), attachment.contents.size());
-  std::string address = "data:" + type + ";base64," + base64;
-  g_free(base64);
-  return address;
+  return "data:" + type + ";base64," + base64Of(attachment.contents);
 }
 
 std::optional<std::string> write(const StyledRuns& styled, const DocumentInformation& information,

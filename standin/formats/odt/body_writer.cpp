@@ -101,12 +101,19 @@ void BodyWriter::writeParagraph(const Paragraph& paragraph) {
 void BodyWriter::writeLink(const text::Style& style) {
   if (link_ != nullptr && *link_ == style.link) return;
   if (link_ != nullptr) out_ += "</text:a>";
-  link_ = style.link.empty() ? nullptr : &style.link;
+  link_ = style.link.empty() || !takesLink(style.link) ? nullptr : &style.link;
   if (link_ == nullptr) return;
   hasLinks_ = true;
   out_ += R"(<text:a xlink:type="simple" text:style-name="Link" text:visited-style-name="Link")";
   appendAttribute(out_, "xlink:href", utf8Of(style.link));
   out_ += '>';
+}
+
+bool BodyWriter::takesLink(const text::Link& link) {
+  if (links_.insert(link).second) return true;
+  if (repeatedUnits_ >= mostRepeatedUnits) return false;
+  repeatedUnits_ += link.text().size();
+  return true;
 }
 
 void BodyWriter::writeUnits(const Paragraph& paragraph, const text::Style& style, size_t from, size_t to) {
@@ -153,7 +160,7 @@ size_t BodyWriter::writeSpaces(const Paragraph& paragraph, size_t from, size_t t
 void BodyWriter::writePicture(const text::Attachment& attachment) {
   const PackagedPicture* picture = packaged(attachment);
   if (picture == nullptr) return;
-  const auto pixels = pictures::sizeOf(picture->bytes);
+  const auto& pixels = sizes_.of(picture->bytes);
   out_ += R"(<draw:frame text:anchor-type="as-char")";
   appendAttribute(out_, "draw:name", picture->name);
   appendLength(out_, "svg:width", attachment.width > 0 || !pixels ? attachment.width : pixels->width);

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "standin/formats/odt/style_texts.hpp"
+#include "standin/formats/pictures/sizes.hpp"
 
 namespace standin::formats::odt {
 
@@ -61,6 +62,8 @@ class BodyWriter {
   const text::Style& styleAt(size_t position);
   void writeParagraph(const Paragraph& paragraph);
   void writeLink(const text::Style& style);
+  // An address is written wherever its link is, in every paragraph: thousands of megabytes of it would be of no use.
+  bool takesLink(const text::Link& link);
   void writeUnits(const Paragraph& paragraph, const text::Style& style, size_t from, size_t to);
   bool isPlainSpace(const Paragraph& paragraph, size_t at) const;
   size_t writeSpaces(const Paragraph& paragraph, size_t from, size_t to);
@@ -80,8 +83,12 @@ class BodyWriter {
   StyleList textStyles_{"text", 'T'}, paragraphStyles_{"paragraph", 'P'};
   std::unordered_map<const uint8_t*, size_t> pictureIndices_;  // by the address of the bytes
   std::vector<PackagedPicture> pictures_;
-  const std::u16string* link_ = nullptr;  // that is open
+  pictures::KnownSizes sizes_;
+  const text::Link* link_ = nullptr;  // that is open
   bool hasLinks_ = false;
+  static constexpr size_t mostRepeatedUnits = size_t{1} << 24;
+  std::unordered_set<text::Link, text::LinkHash> links_;
+  size_t repeatedUnits_ = 0;  // of addresses that had been written before
 };
 
 }  // namespace standin::formats::odt

@@ -94,7 +94,7 @@ class Places {
   std::deque<TextProperties> texts_;
   std::unordered_map<const StyleProperties*, uint32_t> paragraphTexts_;
   std::unordered_map<uint64_t, uint32_t> spanTexts_;  // by the text around and the number of the span's style
-  std::vector<std::u16string> targets_{{}};           // of links; 0: none
+  std::vector<text::Link> targets_{text::Link()};     // 0: none
   std::unordered_map<StyleKey, uint32_t, StyleKeyHash> styles_;
 };
 

@@ -4,6 +4,7 @@
 #include <gdk-pixbuf/gdk-pixbuf.h>
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 #include <memory>
 
@@ -27,18 +28,12 @@ constexpr FormatRow formats[] = {
     {Format::bmp, "BM", "bmp", "bmp"},
 };
 
+constexpr size_t colorBytes = 3;  // red, green and blue
+
 const FormatRow* rowOf(Format format) {
   const auto* row =
       std::find_if(std::begin(formats), std::end(formats), [&](const FormatRow& each) { return each.format == format; });
   return row != std::end(formats) ? row : nullptr;
-}
-
-bool canBeDecoded(Bytes bytes) {
-  // The decoder takes as much memory as the header claims to be long, and as lies before the pixels.
-  constexpr size_t pixelsPlace = 10, lengthPlace = 14;
-  const Format format = formatOf(bytes.span());
-  return format != Format::unknown &&
-         (format != Format::bmp || std::max(bytes.read32(pixelsPlace), bytes.read32(lengthPlace)) <= bytes.size());
 }
 
 struct Unreference {
@@ -47,48 +42,31 @@ struct Unreference {
 using Loader = std::unique_ptr<GdkPixbufLoader, Unreference>;
 using Picture = std::unique_ptr<GdkPixbuf, Unreference>;
 
-class Decoder {
- public:
-  explicit Decoder(std::span<const uint8_t> bytes) : loader_(gdk_pixbuf_loader_new()), bytes_(bytes) {
-    g_signal_connect(loader_.get(), "size-prepared", G_CALLBACK(sizePrepared), this);
-  }
-  Decoder(const Decoder&) = delete;
-  Decoder& operator=(const Decoder&) = delete;
-  ~Decoder() { gdk_pixbuf_loader_close(loader_.get(), nullptr); }
+// A picture whose pixels turn out to be too many, whatever its header said, is given up before memory is taken for them.
+void sizePrepared(GdkPixbufLoader* loader, int width, int height, gpointer most) {
+  if (int64_t{width} * height > *static_cast<const int64_t*>(most)) gdk_pixbuf_loader_set_size(loader, 0, 0);
+}
 
-  // Feeds the picture until its size is known.
-  std::optional<Size> size() {
-    constexpr size_t piece = 4096;
-    for (size_t fed = 0; fed < bytes_.size() && !size_; fed += piece) {
-      const auto next = bytes_.subspan(fed, std::min(piece, bytes_.size() - fed));
-      if (!gdk_pixbuf_loader_write(loader_.get(), next.data(), next.size(), nullptr)) break;
-    }
-    if (!size_) gdk_pixbuf_loader_close(loader_.get(), nullptr);
-    return size_ && size_->width > 0 && size_->height > 0 ? size_ : std::nullopt;
+// Nil when the picture cannot be decoded. The decoder of bitmaps takes as much memory as their headers claim to be long, and
+// as lies before the pixels.
+Picture decoded(Bytes bytes) {
+  constexpr size_t pixelsPlace = 10, lengthPlace = 14;
+  const FormatRow* row = rowOf(formatOf(bytes.span()));
+  const auto size = sizeOf(bytes.span());
+  int64_t most = mostPixels(bytes.size());
+  if (row == nullptr || !size || pixelsOf(*size) > most) return nullptr;
+  if (row->format == Format::bmp && std::max(bytes.read32(pixelsPlace), bytes.read32(lengthPlace)) > bytes.size()) {
+    return nullptr;
   }
-
-  Picture picture() {
-    wantsPixels_ = true;
-    const bool isWhole = gdk_pixbuf_loader_write(loader_.get(), bytes_.data(), bytes_.size(), nullptr) &&
-                         gdk_pixbuf_loader_close(loader_.get(), nullptr);
-    if (!isWhole || !size_ || int64_t{size_->width} * size_->height > mostPixels) return nullptr;
-    GdkPixbuf* decoded = gdk_pixbuf_loader_get_pixbuf(loader_.get());
-    return Picture(decoded != nullptr ? static_cast<GdkPixbuf*>(g_object_ref(decoded)) : nullptr);
-  }
-
- private:
-  // A picture of no size is given up before memory is taken for its pixels.
-  static void sizePrepared(GdkPixbufLoader* loader, int width, int height, gpointer decoder) {
-    Decoder& self = *static_cast<Decoder*>(decoder);
-    self.size_ = Size{width, height};
-    if (!self.wantsPixels_ || int64_t{width} * height > mostPixels) gdk_pixbuf_loader_set_size(loader, 0, 0);
-  }
-
-  Loader loader_;
-  std::span<const uint8_t> bytes_;
-  std::optional<Size> size_;
-  bool wantsPixels_ = false;
-};
+  const Loader loader(gdk_pixbuf_loader_new_with_type(row->name, nullptr));
+  if (loader == nullptr) return nullptr;
+  g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(sizePrepared), &most);
+  const bool isTaken = gdk_pixbuf_loader_write(loader.get(), bytes.span().data(), bytes.size(), nullptr);
+  const bool isWhole = gdk_pixbuf_loader_close(loader.get(), nullptr);
+  GdkPixbuf* picture = isTaken && isWhole ? gdk_pixbuf_loader_get_pixbuf(loader.get()) : nullptr;
+  if (picture == nullptr || pixelsOf({gdk_pixbuf_get_width(picture), gdk_pixbuf_get_height(picture)}) > most) return nullptr;
+  return Picture(static_cast<GdkPixbuf*>(g_object_ref(picture)));
+}
 
 std::optional<std::string> encoded(GdkPixbuf* picture, const char* type) {
   gchar* buffer = nullptr;
@@ -119,33 +97,39 @@ std::string mimeTypeOf(Format format) {
   return row != nullptr ? std::string("image/") + row->name : "";
 }
 
-std::optional<Size> sizeOf(std::span<const uint8_t> bytes) {
-  if (!canBeDecoded(bytes)) return std::nullopt;
-  return Decoder(bytes).size();
-}
-
 std::optional<std::string> convert(std::span<const uint8_t> bytes, Format format) {
   const Format own = formatOf(bytes);
   if (own == format) return std::string(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   const FormatRow* row = rowOf(format);
-  if (!canBeDecoded(bytes) || row == nullptr) return std::nullopt;
-  return encoded(Decoder(bytes).picture().get(), row->name);
+  return row != nullptr ? encoded(decoded(bytes).get(), row->name) : std::nullopt;
 }
 
+// The colors are moved together where the decoder has put them: a large picture takes most of the memory that there may be.
 std::optional<Pixels> decode(std::span<const uint8_t> bytes) {
-  if (!canBeDecoded(bytes)) return std::nullopt;
-  const Picture picture = Decoder(bytes).picture();
+  Picture picture = decoded(bytes);
   if (picture == nullptr) return std::nullopt;
-  Pixels pixels{{gdk_pixbuf_get_width(picture.get()), gdk_pixbuf_get_height(picture.get())}, {}, {}};
-  const bool hasOpacities = gdk_pixbuf_get_has_alpha(picture.get()) != 0;
-  const int pixelBytes = gdk_pixbuf_get_n_channels(picture.get()), rowBytes = gdk_pixbuf_get_rowstride(picture.get());
-  const auto* row = reinterpret_cast<const char*>(gdk_pixbuf_read_pixels(picture.get()));
-  for (int y = 0; y < pixels.size.height; ++y, row += rowBytes) {
-    for (const char* pixel = row; pixel < row + pixels.size.width * pixelBytes; pixel += pixelBytes) {
-      pixels.colors.append(pixel, 3);
-      if (hasOpacities) pixels.opacities += pixel[3];
+  Pixels pixels{{gdk_pixbuf_get_width(picture.get()), gdk_pixbuf_get_height(picture.get())}, {}, {}, {}};
+  const size_t width = static_cast<size_t>(pixels.size.width), height = static_cast<size_t>(pixels.size.height);
+  const auto pixelBytes = static_cast<size_t>(gdk_pixbuf_get_n_channels(picture.get()));
+  const auto rowBytes = static_cast<size_t>(gdk_pixbuf_get_rowstride(picture.get()));
+  uint8_t* const first = gdk_pixbuf_get_pixels(picture.get());
+  if (pixelBytes > colorBytes) pixels.opacities.resize(width * height);
+  uint8_t* to = first;
+  char* opacity = pixels.opacities.data();
+  for (size_t y = 0; y < height; ++y) {
+    const uint8_t* from = first + y * rowBytes;
+    if (pixelBytes == colorBytes) {
+      std::memmove(to, from, width * colorBytes);
+      to += width * colorBytes;
+      continue;
+    }
+    for (size_t x = 0; x < width; ++x, from += pixelBytes, to += colorBytes) {
+      std::memmove(to, from, colorBytes);
+      *opacity++ = static_cast<char>(from[colorBytes]);
     }
   }
+  pixels.colors = {reinterpret_cast<const char*>(first), width * height * colorBytes};
+  pixels.owner = std::shared_ptr<void>(picture.release(), Unreference());
   return pixels;
 }
 

@@ -16,19 +16,20 @@ void Builder::addBytes(std::string_view bytes, const CharacterFormat& format, in
 
 void Builder::flush() {
   if (bytes_.empty()) return;
-  const size_t old = document.text.size();
-  decoder_.append(document.text, bytes_, bytesCodePage_);
+  std::u16string& text = result_.document.text;
+  const size_t old = text.size();
+  decoder_.append(text, bytes_, bytesCodePage_);
   bytes_.clear();
-  addLength(document.text.size() - old, bytesFormat_);
+  addLength(text.size() - old, bytesFormat_);
 }
 
 void Builder::addUnit(char16_t unit, const CharacterFormat& format) {
   flush();
-  document.text += unit;
+  result_.document.text += unit;
   addLength(1, format);
 }
 
-int Builder::linkTo(const std::u16string& target) {
+int Builder::linkTo(const text::Link& target) {
   const auto [entry, isNew] = linkIndices_.try_emplace(target, static_cast<int>(links_.size()));
   if (isNew) links_.push_back(target);
   return entry->second;
@@ -46,23 +47,33 @@ void Builder::endParagraph(char16_t unit, const CharacterFormat& format, const P
 }
 
 void Builder::closeRuns(const ParagraphFormat& paragraph) {
-  const uint32_t index = paragraphs_.try_emplace(paragraph, static_cast<uint32_t>(paragraphs_.size())).first->second;
+  const auto index = indexOf(paragraph);
   for (const PendingRun& run : paragraphRuns_) {
     const uint32_t style = styleFor(run.format, paragraph, index);
-    if (!document.runs.empty() && document.runs.back().style == style) {
-      document.runs.back().length += run.length;
-    } else {
-      document.runs.push_back({run.length, style});
-    }
+    result_.extend(run.length, style);
+    if (run.format.attachment < 0) lastStyle_ = style;
   }
   paragraphRuns_.clear();
 }
 
-uint32_t Builder::styleFor(const CharacterFormat& format, const ParagraphFormat& paragraph, uint32_t paragraphIndex) {
-  const auto [entry, isNew] =
-      styleIndices_.try_emplace({paragraphIndex, format}, static_cast<uint32_t>(document.styles.size()));
-  if (isNew) document.styles.push_back(makeStyle(format, paragraph));
-  return entry->second;
+std::optional<uint32_t> Builder::indexOf(const ParagraphFormat& paragraph) {
+  constexpr size_t place = 96;
+  if (const auto known = paragraphs_.find(paragraph); known != paragraphs_.end()) return known->second;
+  if (isFull()) return std::nullopt;
+  allowance_.take(place + sizeof paragraph + (paragraph.tabs ? paragraph.tabs->size() * sizeof(TabFormat) : 0));
+  return paragraphs_.emplace(paragraph, static_cast<uint32_t>(paragraphs_.size())).first->second;
+}
+
+uint32_t Builder::styleFor(const CharacterFormat& format, const ParagraphFormat& paragraph, std::optional<uint32_t> index) {
+  if (!index) return lastStyle_;
+  if (const auto known = styleIndices_.find({*index, format}); known != styleIndices_.end()) return known->second;
+  if (isFull()) return lastStyle_;
+  const size_t before = result_.styleCost();
+  const uint32_t style = result_.intern(makeStyle(format, paragraph));
+  constexpr size_t place = 96;
+  allowance_.take(place + sizeof format + result_.styleCost() - before);
+  styleIndices_.emplace(std::pair(*index, format), style);
+  return style;
 }
 
 std::optional<text::Color> Builder::color(int index) const {
@@ -107,7 +118,7 @@ text::Style Builder::makeStyle(const CharacterFormat& format, const ParagraphFor
 Document Builder::finish(const ParagraphFormat& last) {
   flush();
   closeRuns(last);
-  return std::move(document);
+  return std::move(result_.document);
 }
 
 }  // namespace standin::formats::rtf

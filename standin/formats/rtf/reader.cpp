@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "standin/formats/calendar_times.hpp"
 #include "standin/formats/link_target.hpp"
 #include "standin/formats/rtf/builder.hpp"
 #include "standin/formats/rtf/formatting.hpp"
@@ -21,9 +22,11 @@ constexpr std::array propertyMembers = {
     &Properties::title,    &Properties::subject,  &Properties::author,  &Properties::manager, &Properties::company,
     &Properties::category, &Properties::keywords, &Properties::comment, &Properties::editor,  &Properties::copyright};
 
+constexpr size_t longestFontName = 255;
+
 class Reader {
  public:
-  explicit Reader(std::span<const uint8_t> bytes) : lexer_(bytes) { groups_.emplace_back(); }
+  explicit Reader(std::span<const uint8_t> bytes) : lexer_(bytes), builder_(bytes.size()) { groups_.emplace_back(); }
 
   std::optional<Document> read() {
     if (lexer_.next().kind != TokenKind::open) return std::nullopt;
@@ -31,6 +34,10 @@ class Reader {
     if (first.kind != TokenKind::word || first.text != "rtf") return std::nullopt;
     for (Token token = lexer_.next(); token.kind != TokenKind::end && !finished_; token = lexer_.next()) {
       if (!take(token)) return std::nullopt;
+    }
+    Properties& properties = builder_.information().properties;
+    for (auto* time : {&properties.created, &properties.modified}) {
+      if (*time && !isInCalendar(**time)) time->reset();
     }
     return builder_.finish(state().paragraph);
   }
@@ -107,13 +114,13 @@ class Reader {
     if (continues) return;
     if (ending == Destination::fonts) endFont();
     if (ending == Destination::property && property_ >= 0) {
-      builder_.document.properties.*propertyMembers[static_cast<size_t>(property_)] = std::move(captured_);
+      builder_.information().properties.*propertyMembers[static_cast<size_t>(property_)] = std::move(captured_);
       property_ = -1;
     }
     if (ending == Destination::fieldInstruction) endFieldInstruction();
     if (ending == Destination::picture) ended_ = pictures_.picture();
     if (ending == Destination::graphic) ended_ = pictures_.file(captured_);
-    if (ending == Destination::background) builder_.document.background = backgroundOf(captured_);
+    if (ending == Destination::background) builder_.information().background = backgroundOf(captured_);
     captured_.clear();
   }
 
@@ -144,7 +151,7 @@ class Reader {
   void endFont() {
     FontEntry& font = builder_.fonts[fontNumber_];
     while (!captured_.empty() && (captured_.back() == u';' || captured_.back() == u' ')) captured_.pop_back();
-    if (!captured_.empty()) font.name = asciiOf(captured_);
+    if (!captured_.empty()) font.name = asciiOf(captured_.substr(0, longestFontName));
     captured_.clear();
   }
 
@@ -360,7 +367,7 @@ class Reader {
   void actOnDocument(const ControlWord& word, std::optional<int> parameter) {
     const int number = parameter.value_or(0);
     if (word.action <= Action::rtfVersion) {
-      takeInformation(builder_.document, word.action, number);
+      takeInformation(builder_.information(), word.action, number);
     } else {
       actOnGroups(word, number);
     }
@@ -391,8 +398,8 @@ class Reader {
   }
 
   void actOnTime(Action action, int number) {
-    if (action == Action::created) time_ = &builder_.document.properties.created.emplace();
-    if (action == Action::modified) time_ = &builder_.document.properties.modified.emplace();
+    if (action == Action::created) time_ = &builder_.information().properties.created.emplace();
+    if (action == Action::modified) time_ = &builder_.information().properties.modified.emplace();
     if (time_ == nullptr || action < Action::year) return;
     constexpr std::array members = {&CalendarTime::year, &CalendarTime::month,  &CalendarTime::day,
                                     &CalendarTime::hour, &CalendarTime::minute, &CalendarTime::second};

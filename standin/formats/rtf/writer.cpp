@@ -69,6 +69,7 @@ class Writer {
       writeRun(*run.style, from, from + run.length);
       from += run.length;
     }
+    closeField();
     out_ += "}";
     return std::move(out_);
   }
@@ -78,21 +79,19 @@ class Writer {
   void writeRun(const text::Style& style, uint32_t from, uint32_t end) {
     while (from < end) {
       if (startsParagraph_) writeParagraphFormat(style.paragraph);
+      if (link_ != style.link) closeField();
       writeChanges(style);
       current_ = &style;
+      if (link_ != style.link) openField(style.link);
       const uint32_t stop = std::min(end, ends_[paragraph_]);
-      writeStretch(style, from, stop);
+      writeCharacters(style, from, stop);
       startsParagraph_ = stop == ends_[paragraph_];
+      // A field may not reach into the next paragraph: each paragraph's part of a link is a field of its own, its end
+      // included.
+      if (startsParagraph_) closeField();
       if (startsParagraph_ && paragraph_ + 1 < ends_.size()) ++paragraph_;
       from = stop;
     }
-  }
-
-  // A field may not reach into the next paragraph: each paragraph's part of a link is a field of its own, its end included.
-  void writeStretch(const text::Style& style, uint32_t from, uint32_t stop) {
-    if (!style.link.empty()) openField(style.link);
-    writeCharacters(style, from, stop);
-    if (!style.link.empty()) out_ += "}}";
   }
 
   void writeCharacters(const text::Style& style, uint32_t from, uint32_t stop) {
@@ -155,12 +154,24 @@ class Writer {
     }
   }
 
-  void openField(const std::u16string& target) {
+  void openField(const text::Link& link) {
+    link_ = link;
+    aroundField_ = current_;
+    fontAroundField_ = fontNumber_;
     out_ += "{\\field{\\*\\fldinst{HYPERLINK \"";
     std::u16string quoted;
-    for (const char16_t unit : target) unit == u'"' ? quoted += u"%22" : quoted += unit;
+    for (const char16_t unit : link.text()) unit == u'"' ? quoted += u"%22" : quoted += unit;
     appendCharacters(out_, text::Text::utf16(quoted), 0, static_cast<uint32_t>(quoted.size()));
     out_ += "\"}}{\\fldrslt ";
+  }
+
+  // What its runs changed ends with it.
+  void closeField() {
+    if (link_.empty()) return;
+    out_ += "}}";
+    link_ = {};
+    current_ = aroundField_;
+    fontNumber_ = fontAroundField_;
   }
 
   void writeChanges(const text::Style& style) {
@@ -254,11 +265,12 @@ class Writer {
   const StyledRuns& styled_;
   const Tables tables_;
   const std::vector<uint32_t> ends_;
-  size_t paragraph_ = 0, fontNumber_ = 0;
+  size_t paragraph_ = 0, fontNumber_ = 0, fontAroundField_ = 0;
   bool startsParagraph_ = true;
   const text::Style plain_;
   text::Paragraph currentParagraph_;
-  const text::Style* current_ = nullptr;
+  const text::Style *current_ = nullptr, *aroundField_ = nullptr;
+  text::Link link_;  // of the field that is open
   std::string out_;
 };
 

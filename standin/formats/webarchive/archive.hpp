@@ -24,7 +24,7 @@ struct Archive {
 // files without an address are left out, and so are the pages of frames.
 std::optional<Archive> parse(std::span<const uint8_t> bytes);
 
-// A binary property list. Nothing when memory is short or it would be 4 GB or more.
+// A binary property list. Nothing when memory is short or the contents are 2 GB or more.
 std::optional<std::string> serialize(const Archive& archive);
 
 }  // namespace standin::formats::webarchive

@@ -9,7 +9,7 @@
 
 namespace standin::formats::webarchive {
 
-// Nothing where the HTML writer gives nothing, and for 4 GB and more.
+// Nothing where the HTML writer gives nothing, and for 2 GB and more.
 std::optional<std::string> write(const StyledRuns& styled, const DocumentInformation& information);
 
 }  // namespace standin::formats::webarchive

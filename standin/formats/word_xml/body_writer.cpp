@@ -54,8 +54,9 @@ const text::Style& BodyWriter::styleAt(Place& place, uint32_t position) const {
   return *styled_.runs[place.run].style;
 }
 
-std::string BodyWriter::write() {
-  out_.reserve(units_.size() * 4 + 1024);
+void BodyWriter::write(std::string& out) {
+  out_.swap(out);
+  out_.reserve(out_.size() + units_.size() * 4 + 1024);
   for (size_t from = 0; from <= units_.size();) {
     const auto end = static_cast<size_t>(
         std::find_if(units_.begin() + static_cast<ptrdiff_t>(from), units_.end(), isParagraphEnd) - units_.begin());
@@ -63,7 +64,7 @@ std::string BodyWriter::write() {
     const bool isPair = units_.compare(end, 2, u"\r\n") == 0;
     from = end + (isPair ? 2 : 1);
   }
-  return std::move(out_);
+  out_.swap(out);
 }
 
 // All of a paragraph is laid out by what its first character says. A page break in front of its text is a property.
@@ -83,7 +84,7 @@ void BodyWriter::writeParagraph(uint32_t from, uint32_t end) {
   out_ += "</w:p>";
 }
 
-void BodyWriter::moveToLink(const std::u16string& target) {
+void BodyWriter::moveToLink(const text::Link& target) {
   if (target == link_) return;
   if (!link_.empty()) edition_.closeLink(out_);
   link_ = target;
@@ -119,7 +120,7 @@ void BodyWriter::writeText(uint32_t from, uint32_t end) {
 
 // A picture whose size nobody says has a point a pixel.
 void BodyWriter::writePicture(const text::Attachment& picture) {
-  const auto size = pictures::sizeOf(picture.contents);
+  const auto& size = sizes_.of(picture.contents);
   if (!size) return;
   const double width = picture.width > 0 ? picture.width : size->width;
   const double height = picture.height > 0 ? picture.height : size->height;

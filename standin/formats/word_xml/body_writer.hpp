@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "standin/formats/pictures/sizes.hpp"
 #include "standin/formats/styled_runs.hpp"
 #include "standin/formats/word_xml/property_writer.hpp"
 
@@ -14,8 +15,8 @@ class BodyWriter {
   // Both outlive the writer.
   BodyWriter(const StyledRuns& styled, Edition& edition, double textWidth);
 
-  // The w:p elements. Text has at least one paragraph; behind a last paragraph end there is an empty one.
-  std::string write();
+  // Appends the w:p elements. Text has at least one paragraph; behind a last paragraph end there is an empty one.
+  void write(std::string& out);
   const std::set<std::string>& fonts() const { return properties_.fonts(); }
 
  private:
@@ -33,7 +34,7 @@ class BodyWriter {
   void writeCharacters(const text::Style& style, uint32_t from, uint32_t end);
   void writeText(uint32_t from, uint32_t end);
   void writePicture(const text::Attachment& picture);
-  void moveToLink(const std::u16string& target);
+  void moveToLink(const text::Link& target);
   const std::string& runProperties(const text::Style& style);
   const std::string& paragraphProperties(const text::Paragraph& paragraph, bool breaksPage);
 
@@ -46,7 +47,8 @@ class BodyWriter {
   std::unordered_map<const text::Style*, std::string> runProperties_;
   std::pair<text::Paragraph, bool> paragraph_{};  // what the text below was made for
   std::string paragraphProperties_;
-  std::u16string link_;  // the one that is open; empty for none
+  text::Link link_;  // the one that is open; empty for none
+  pictures::KnownSizes sizes_;
   int pictures_ = 0;
   std::string out_;
 };

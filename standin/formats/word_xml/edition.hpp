@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "standin/text/attachment.hpp"
+#include "standin/text/link.hpp"
 
 namespace standin::formats::word_xml {
 
@@ -16,7 +17,7 @@ class Edition {
   // Soft hyphens and hyphens that do not break are elements, not characters.
   virtual bool hasHyphenElements() const = 0;
   // Around the runs of a link, which lie in one paragraph.
-  virtual void openLink(std::string& out, std::u16string_view target) = 0;
+  virtual void openLink(std::string& out, const text::Link& target) = 0;
   virtual void closeLink(std::string& out) = 0;
   // Within a run. `number` counts the pictures of the document from 1; sizes are points.
   virtual void appendPicture(std::string& out, const text::Attachment& picture, int number, double width, double height) = 0;

@@ -35,7 +35,8 @@ class EditionOf2003 final : public Edition {
   // Other programs pass over the elements of this edition.
   bool hasHyphenElements() const override { return false; }
 
-  void openLink(std::string& out, std::u16string_view target) override {
+  void openLink(std::string& out, const text::Link& link) override {
+    const std::u16string_view target = link;
     const size_t place = target.find(u'#');
     out += "<w:hlink";
     addAttribute(out, "w:dest", target.substr(0, place));
@@ -97,7 +98,8 @@ constexpr std::string_view opening =
 std::optional<std::string> write(const StyledRuns& styled, const DocumentInformation& information) {
   EditionOf2003 edition;
   BodyWriter body(styled, edition, textWidthOf(information.page));
-  const std::string paragraphs = body.write();
+  std::string paragraphs;
+  body.write(paragraphs);
   std::string out(opening);
   out += propertyElements(information.properties);
   out += "<w:fonts>" + fontElements(body.fonts()) + "</w:fonts><w:styles>" + styleElements(edition) + "</w:styles>";

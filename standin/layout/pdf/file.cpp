@@ -51,11 +51,12 @@ void File::putEncodedStream(int object, std::string_view entries, std::string_vi
   write("\nendstream\nendobj\n");
 }
 
+// What the compressor does not write of the room for the worst takes no memory.
 void File::putStream(int object, std::string_view entries, std::string_view data) {
-  compressed_.resize(libdeflate_zlib_compress_bound(compressor_, data.size()));
-  const size_t size =
-      libdeflate_zlib_compress(compressor_, data.data(), data.size(), compressed_.data(), compressed_.size());
-  putEncodedStream(object, std::string(entries) + "/Filter/FlateDecode", {compressed_.data(), size});
+  const size_t most = libdeflate_zlib_compress_bound(compressor_, data.size());
+  const auto compressed = std::make_unique_for_overwrite<char[]>(most);
+  const size_t size = libdeflate_zlib_compress(compressor_, data.data(), data.size(), compressed.get(), most);
+  putEncodedStream(object, std::string(entries) + "/Filter/FlateDecode", {compressed.get(), size});
 }
 
 bool File::finish(int catalog, int information) {

@@ -40,7 +40,6 @@ class File {
 
   std::unique_ptr<std::FILE, Close> file_;
   libdeflate_compressor* compressor_;
-  std::vector<char> compressed_;
   std::vector<uint64_t> offsets_;  // by number, from 1
   uint64_t written_ = 0;
   bool failed_ = false;

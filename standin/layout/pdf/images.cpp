@@ -12,6 +12,7 @@ namespace standin::layout::pdf {
 namespace {
 
 using formats::pictures::Format;
+using formats::pictures::JPEGFrame;
 using formats::pictures::Size;
 
 std::string imageEntries(Size size, const char* colors) {
@@ -19,30 +20,28 @@ std::string imageEntries(Size size, const char* colors) {
          "/ColorSpace/" + colors + "/BitsPerComponent 8";
 }
 
-// The number of colours of a JPEG picture, from the header of its frame; 0 when there is none of 8 bits.
-int colorsOfJPEG(std::span<const uint8_t> bytes) {
-  for (size_t at = 2; at + 9 < bytes.size() && bytes[at] == 0xFF;) {
-    const uint8_t marker = bytes[at + 1];
-    const bool isFrame = marker >= 0xC0 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC;
-    if (isFrame) return bytes[at + 4] == 8 ? bytes[at + 9] : 0;
-    at += 2 + static_cast<size_t>(bytes[at + 2] << 8 | bytes[at + 3]);
-  }
-  return 0;
+// That of a picture which pages can show as it is.
+std::optional<JPEGFrame> shownFrameOf(std::span<const uint8_t> picture) {
+  if (formats::pictures::formatOf(picture) != Format::jpeg) return std::nullopt;
+  const auto frame = formats::pictures::jpegFrameOf(picture);
+  return frame && (frame->colors == 1 || frame->colors == 3) ? frame : std::nullopt;
 }
 
-int writeJPEG(File& file, std::span<const uint8_t> bytes, Size size, int colors) {
+int writeJPEG(File& file, std::span<const uint8_t> bytes, const JPEGFrame& frame) {
   const int object = file.reserve();
-  file.putEncodedStream(object, imageEntries(size, colors == 1 ? "DeviceGray" : "DeviceRGB") + "/Filter/DCTDecode",
+  const char* colors = frame.colors == 1 ? "DeviceGray" : "DeviceRGB";
+  file.putEncodedStream(object, imageEntries(frame.size, colors) + "/Filter/DCTDecode",
                         {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
   return object;
 }
 
-int writePixels(File& file, const formats::pictures::Pixels& pixels) {
+int writePixels(File& file, formats::pictures::Pixels pixels) {
   std::string entries = imageEntries(pixels.size, "DeviceRGB");
   if (!pixels.opacities.empty()) {
     const int mask = file.reserve();
     file.putStream(mask, imageEntries(pixels.size, "DeviceGray"), pixels.opacities);
     entries += "/SMask " + reference(mask);
+    pixels.opacities = {};
   }
   const int object = file.reserve();
   file.putStream(object, entries, pixels.colors);
@@ -52,13 +51,22 @@ int writePixels(File& file, const formats::pictures::Pixels& pixels) {
 }  // namespace
 
 int writeImage(File& file, std::span<const uint8_t> picture) {
-  if (formats::pictures::formatOf(picture) == Format::jpeg) {
-    const auto size = formats::pictures::sizeOf(picture);
-    const int colors = colorsOfJPEG(picture);
-    if (size && (colors == 1 || colors == 3)) return writeJPEG(file, picture, *size, colors);
-  }
-  const auto pixels = formats::pictures::decode(picture);
-  return pixels ? writePixels(file, *pixels) : 0;
+  if (const auto frame = shownFrameOf(picture)) return writeJPEG(file, picture, *frame);
+  auto pixels = formats::pictures::decode(picture);
+  return pixels ? writePixels(file, *std::move(pixels)) : 0;
+}
+
+int Images::write(std::span<const uint8_t> picture) {
+  return shownFrameOf(picture) || takes(picture) ? writeImage(file_, picture) : 0;
+}
+
+bool Images::takes(std::span<const uint8_t> picture) {
+  const auto size = formats::pictures::sizeOf(picture);
+  if (!size) return false;
+  const int64_t pixels = formats::pictures::pixelsOf(*size), earned = static_cast<int64_t>(picture.size()) * pixelsOfByte;
+  if (pixels > pixels_ + earned) return false;
+  pixels_ += earned - pixels;
+  return true;
 }
 
 }  // namespace standin::layout::pdf

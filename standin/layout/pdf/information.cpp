@@ -3,6 +3,7 @@
 
 #include <cstdio>
 
+#include "standin/formats/calendar_times.hpp"
 #include "standin/layout/pdf/syntax.hpp"
 
 namespace standin::layout::pdf {
@@ -23,6 +24,7 @@ constexpr struct {
   std::optional<CalendarTime> Properties::*member;
 } timeRows[] = {{"/CreationDate", &Properties::created}, {"/ModDate", &Properties::modified}};
 
+// Of a time whose fields are in their ranges: four digits of the year, two of each other.
 std::string timeString(const CalendarTime& time) {
   char text[96];
   std::snprintf(text, sizeof text, "(D:%04d%02d%02d%02d%02d%02d)", time.year, time.month, time.day, time.hour, time.minute,
@@ -38,7 +40,8 @@ int writeInformation(File& file, const Properties& properties) {
     if (const auto& value = properties.*row.member; !value.empty()) body += row.key + textString(value);
   }
   for (const auto& row : timeRows) {
-    if (const auto& value = properties.*row.member) body += row.key + timeString(*value);
+    const auto& value = properties.*row.member;
+    if (value && formats::calendarTimeOf(formats::textOf(*value))) body += row.key + timeString(*value);
   }
   const int object = file.reserve();
   file.put(object, body + ">>");

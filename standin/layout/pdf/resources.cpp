@@ -1,16 +1,35 @@
 // What pages share, collected while they are written.
 #include "standin/layout/pdf/resources.hpp"
 
+#include <unicode/unistr.h>
+
 #include <algorithm>
 #include <cmath>
 
 #include "standin/layout/pdf/embedded_font.hpp"
-#include "standin/layout/pdf/images.hpp"
 #include "standin/layout/pdf/syntax.hpp"
 
 namespace standin::layout::pdf {
+namespace {
 
-Resources::Resources(File& file) : file_(file), object_(file.reserve()), pictorial_(file) {}
+// Addresses are ASCII: all else is written as its bytes' numbers.
+std::string addressOf(const std::u16string& text) {
+  std::string bytes, address;
+  icu::UnicodeString(text.data(), static_cast<int32_t>(text.size())).toUTF8String(bytes);
+  for (const char byte : bytes) {
+    if (byte > 0x20 && byte < 0x7F) {
+      address += byte;
+    } else {
+      (address += '%') += "0123456789ABCDEF"[static_cast<uint8_t>(byte) >> 4];
+      address += "0123456789ABCDEF"[byte & 0xF];
+    }
+  }
+  return address;
+}
+
+}  // namespace
+
+Resources::Resources(File& file) : file_(file), object_(file.reserve()), pictorial_(file), images_(file) {}
 
 const std::string& Resources::fontName(const Face& face) {
   const auto [entry, isNew] = fonts_.try_emplace(&face);
@@ -26,12 +45,20 @@ PictorialFonts::Place Resources::pictorialGlyph(const Face& face, uint32_t glyph
 }
 
 const std::string& Resources::imageName(const text::Attachment& attachment) {
-  const auto [entry, isNew] = images_.try_emplace(&attachment);
+  const auto [entry, isNew] = imageNames_.try_emplace(attachment.contents.data());
   if (!isNew) return entry->second;
-  if (const int object = writeImage(file_, attachment.contents); object != 0) {
+  if (const int object = images_.write(attachment.contents); object != 0) {
     entry->second = "I" + std::to_string(object);
     imageEntries_ += '/' + entry->second + ' ' + reference(object);
   }
+  return entry->second;
+}
+
+int Resources::linkAction(const text::Link& target) {
+  const auto [entry, isNew] = linkActions_.try_emplace(target);
+  if (!isNew) return entry->second;
+  entry->second = file_.reserve();
+  file_.put(entry->second, "<</Type/Action/S/URI/URI" + byteString(addressOf(target)) + ">>");
   return entry->second;
 }
 
