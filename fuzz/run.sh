@@ -40,7 +40,9 @@ if [ "$name" != all ]; then
   run_one "$name" "$@"
   exit
 fi
+failed=
 for fuzzer in build/fuzz/*_fuzzer; do
   name=$(basename "$fuzzer" _fuzzer)
-  run_one "$name" "$@"
+  run_one "$name" "$@" || failed="$failed $name"
 done
+[ -z "$failed" ] || { say "inputs that fail:$failed"; exit 1; }

@@ -15,7 +15,7 @@ check "$folder/library_tests" --gtest_brief=1 --gtest_filter='FaultMatrix.WholeH
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-for format in txt rtf rtfd html doc docx odt wordml webarchive pdf; do
+for format in txt rtf rtfd html doc docx odt wordml webarchive tags pdf; do
   say "memcheck: $format"
   check "$folder/styledtext" convert examples/newsletter.html --to "$format" --into "$work"
   written=$work/$(ls "$work")
