@@ -4,6 +4,7 @@
 #include <hb-ot.h>
 
 #include <algorithm>
+#include <memory>
 #include <span>
 
 #include "standin/layout/pdf/images.hpp"
@@ -51,11 +52,11 @@ PictorialFonts::Place PictorialFonts::place(const Face& face, uint32_t glyph, st
 }
 
 int PictorialFonts::writeGlyph(const Glyph& glyph, std::string& images) {
-  hb_blob_t* png = hb_ot_color_glyph_reference_png(glyph.face->font(), glyph.glyph);
+  const std::unique_ptr<hb_blob_t, decltype(&hb_blob_destroy)> png(
+      hb_ot_color_glyph_reference_png(glyph.face->font(), glyph.glyph), hb_blob_destroy);
   unsigned size = 0;
-  const char* bytes = hb_blob_get_data(png, &size);
+  const char* bytes = hb_blob_get_data(png.get(), &size);
   const int image = writeImage(file_, {reinterpret_cast<const uint8_t*>(bytes), size});
-  hb_blob_destroy(png);
   const std::string name = "E" + std::to_string(image);
   if (image != 0) images += '/' + name + ' ' + reference(image);
   const int object = file_.reserve();
