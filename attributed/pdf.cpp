@@ -60,11 +60,11 @@ class TemporaryFile {
   }
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
-  // Must not throw: a platform exception of the removal ends here, and what memory is too short for is done without any.
+  // Must not throw: what the platform does not remove, or memory is too short for, is removed without either.
   ~TemporaryFile() {
     if (url_ == nullptr) return;
     try {
-      catchException([&] { remove(); });
+      if (catchException([&] { remove(); }) != nullptr) unlinkFile();
     } catch (...) {
       unlinkFile();
     }

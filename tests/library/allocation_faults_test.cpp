@@ -1,6 +1,8 @@
 // Every allocation of a tour over all members fails once, in turn: the call answers or raises what is documented; nothing is
 // lost, and an object holds its old, its new or no content.
 #include <algorithm>
+#include <cstdlib>
+#include <filesystem>
 #include <new>
 
 #include "standin/foundation/log.hpp"
@@ -94,9 +96,14 @@ class AllocationFaults : public bridge_test::BridgeTest {
 };
 
 TEST_F(AllocationFaults, LoseNothingAndLeaveNothingHalf) {
+  std::string temporary = (std::filesystem::temp_directory_path() / "faults-XXXXXX").string();
+  ASSERT_NE(mkdtemp(temporary.data()), nullptr);
+  setenv("TMPDIR", temporary.c_str(), 1);
   for (const Target& target : allTargets()) {
     for (int contents = target.firstContents(); contents <= target.lastContents(); ++contents) failEach(target, contents);
   }
+  unsetenv("TMPDIR");
+  EXPECT_EQ(std::filesystem::remove_all(temporary), 1U) << "temporary files are left";
   std::printf("%ld failed allocations, %ld stepped over\n", failures_, steppedOver_);
 }
 
